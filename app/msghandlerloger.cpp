@@ -1,0 +1,64 @@
+#include "app/msghandlerloger.h"
+
+#include "engine/timelinehelper.h"
+
+#include <QDate>
+#include <QDir>
+#include <QStandardPaths>
+
+#include <vexa.h>
+
+CMsgHandlerLoger::CMsgHandlerLoger()
+{
+    m_strLogPath = QString();
+    // The engine's logger writes its day files under our data directory.
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    KeloSetDataDirectory(data.toLocal8Bit().constData());
+    // Bring the engine up before the first message reaches it.
+    CTimeLineHelper::getTimeline();
+}
+
+CMsgHandlerLoger* CMsgHandlerLoger::instance()
+{
+    static CMsgHandlerLoger loger;
+    return &loger;
+}
+
+void CMsgHandlerLoger::installMsgHandler()
+{
+    instance();
+    qInstallMessageHandler(customMessageHandler);
+}
+
+void CMsgHandlerLoger::customMessageHandler(QtMsgType type, const QMessageLogContext&,
+                                            const QString& msg)
+{
+    const char* format = nullptr;
+    switch (type) {
+    case QtDebugMsg:
+        format = "Debug: %1";
+        break;
+    case QtWarningMsg:
+        format = "Warning: %1";
+        break;
+    case QtCriticalMsg:
+        format = "Critical: %1";
+        break;
+    case QtFatalMsg:
+        format = "Fatal: %1";
+        break;
+    default:
+        return;
+    }
+    const QByteArray bytes = QString::fromLatin1(format).arg(msg).toLocal8Bit();
+    // The text is the argument of "%s", never the format: percent signs pass through.
+    KeloLogMessage(0, "%s", bytes.constData());
+}
+
+QString CMsgHandlerLoger::getLogPath()
+{
+    const QString dir =
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/log";
+    QDir().mkpath(dir);
+    return dir + "/" + QDate::currentDate().toString("dd.MM.yyyy%1").arg(".log");
+}

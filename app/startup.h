@@ -1,0 +1,24 @@
+#pragma once
+// The steps of start-up that are more than a line, kept apart from main()
+// so that they can be exercised on their own.
+
+#include <functional>
+
+class CMPConfig;
+class QSettings;
+
+// Deletes the *.tmp and *.m4r files that earlier runs left in the top level
+// of the cache directory; creates the directory when it is missing.
+void removeTempFiles();
+
+// Reads "crashFlag" (default false); when it is set, calls bugReport(false).
+// Then writes "crashFlag" = true for the run that starts. Returns the flag read.
+bool checkCrashFlag(QSettings& settings, const std::function<void(bool)>& bugReport);
+
+// Runs upgrade(false) when automatic checks are on and the last check plus
+// the interval lies before now; then records the time and saves. Returns
+// whether the check ran.
+bool runAutoUpdateCheck(CMPConfig* config, const std::function<void(bool)>& upgrade);
+
+// The whole program: start-up, event loop, shutdown.
+int tonewrightMain(int argc, char* argv[]);

@@ -1,0 +1,43 @@
+#pragma once
+// The WAV engine: one PCM WAV file loaded for drawing and playback through
+// SDL, with volume and fades applied while playing and written back into
+// the file on close. All state lives in one caller-owned record; only one
+// record can be open at a time (there is one audio device). The SDL
+// callback reads the record from SDL's audio thread without a lock.
+
+#include <cstdio>
+
+struct tagWaveInfo
+{
+    unsigned int formatKey; // bits per sample | channels: 9, 10, 17, 18
+    FILE* scanFile;         // "r+b": peak scan, raw data, effect write-back
+    FILE* playFile;         // "rb": its position is the play position
+    FILE* extraFile1;       // never opened here; closed on uninit if set
+    FILE* extraFile2;
+    unsigned char* peakTable; // (min, max) pairs per 512-frame block
+    int peakCount;            // (frameCount + 511) >> 9
+    unsigned char* rawBuffer; // 4 MiB, filled by WaveHelperGetRawData
+    unsigned int frameCount;  // data bytes from the header, then frames
+    unsigned int sampleRate;
+    unsigned char frameBytes; // 1, 2 or 4
+    unsigned char silence;    // 128 for 8-bit data, 0 for 16-bit
+    int state;                // 0 stopped, 1 playing, 2 paused
+    int volume;               // percent, 100 = unchanged
+    int fadeInStart;          // byte offsets in the file, -1 = none
+    int fadeInEnd;
+    int fadeOutStart;
+    int fadeOutEnd;
+};
+
+int WaveHelperInit(const char* path, tagWaveInfo* info);
+int WaveHelperUninit(tagWaveInfo* info);
+int WaveHelperPlay(tagWaveInfo* info);
+int WaveHelperPause(tagWaveInfo* info);
+int WaveHelperStop(tagWaveInfo* info);
+int WaveHelperGetState(tagWaveInfo* info);
+long long WaveHelperGetPos(tagWaveInfo* info);
+int WaveHelperSetPos(tagWaveInfo* info, long long ms);
+unsigned char* WaveHelperGetRawData(tagWaveInfo* info, int firstFrame, int frameCount);
+int WaveHelperChangeVolume(tagWaveInfo* info, int percent);
+int WaveHelperFadeIn(tagWaveInfo* info, int start, int length);
+int WaveHelperFadeOut(tagWaveInfo* info, int start, int length);

@@ -1,0 +1,57 @@
+#include "engine/timelinehelper.h"
+
+#include <vexa.h>
+
+#include <cstring>
+
+CTimeLineHelper::CTimeLineHelper() : m_timeline(0)
+{
+    if (m_timeline == 0)
+        m_timeline = CreateTimelineEx("com.vandrel.tonewright", -1);
+}
+
+CTimeLineHelper::~CTimeLineHelper()
+{
+    DestroyTimeline(m_timeline);
+}
+
+int CTimeLineHelper::getTimeline()
+{
+    static CTimeLineHelper helper;
+    return helper.m_timeline;
+}
+
+bool CTimeLineHelper::haveAudio(const char* path)
+{
+    return haveStream(path, KELO_STREAM_AUDIO);
+}
+
+bool CTimeLineHelper::haveVideo(const char* path)
+{
+    return haveStream(path, KELO_STREAM_VIDEO);
+}
+
+bool CTimeLineHelper::haveStream(const char* path, int kind)
+{
+    const int timeline = getTimeline();
+    tagKeloMediaSrc src;
+    std::memset(&src, 0, sizeof src);
+    src.pszPath = path;
+    const int media = KeloAddMedia2(timeline, &src, 0, 0);
+    if (media < 0)
+        return false;
+
+    unsigned char buffer[64] = {};
+    void* info = buffer;
+    const int count = KeloGetMediaInfo(timeline, media, &info);
+    if (count < 1)
+        return false;
+    const auto* records = static_cast<const unsigned char*>(info);
+    for (int i = 0; i < count; ++i) {
+        int streamKind = 0;
+        std::memcpy(&streamKind, records + 64 * i, sizeof streamKind);
+        if (streamKind == kind)
+            return true;
+    }
+    return false;
+}

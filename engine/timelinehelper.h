@@ -1,0 +1,22 @@
+#pragma once
+// Owns the process's one media-engine timeline and answers whether a file
+// holds an audio or a video stream. GUI thread only; the timeline lives from
+// the first getTimeline() to program exit, and probed items stay on it.
+
+class CTimeLineHelper
+{
+public:
+    static int getTimeline();
+    static bool haveAudio(const char* path);
+    static bool haveVideo(const char* path);
+
+    ~CTimeLineHelper();
+    CTimeLineHelper(const CTimeLineHelper&) = delete;
+    CTimeLineHelper& operator=(const CTimeLineHelper&) = delete;
+
+private:
+    CTimeLineHelper();
+    static bool haveStream(const char* path, int kind);
+
+    int m_timeline;
+};

@@ -1,0 +1,104 @@
+// Bounded probing of a file's streams for KeloAddMedia2.
+
+#include "avhandles.h"
+#include "registry.h"
+
+#include <cstring>
+
+extern "C" {
+#include <libavutil/log.h>
+}
+
+namespace vexa {
+
+InputPtr openInput(const char* path, int* error)
+{
+    static const bool quiet = [] {
+        av_log_set_level(AV_LOG_ERROR);
+        return true;
+    }();
+    (void)quiet;
+
+    AVFormatContext* raw = avformat_alloc_context();
+    if (!raw) {
+        if (error)
+            *error = AVERROR(ENOMEM);
+        return nullptr;
+    }
+    // Keep probing cheap: a song needs a few kilobytes to be recognised.
+    raw->probesize = 1 << 20;
+    raw->max_analyze_duration = AV_TIME_BASE / 2;
+    const int rc = avformat_open_input(&raw, path, nullptr, nullptr);
+    if (rc < 0) {
+        if (error)
+            *error = rc;
+        return nullptr; // avformat_open_input frees the context on failure
+    }
+    if (error)
+        *error = 0;
+    return InputPtr(raw);
+}
+
+static bool needsStreamInfo(const AVFormatContext* fmt)
+{
+    if (fmt->nb_streams == 0)
+        return true;
+    for (unsigned i = 0; i < fmt->nb_streams; ++i) {
+        const AVCodecParameters* par = fmt->streams[i]->codecpar;
+        if (par->codec_type == AVMEDIA_TYPE_UNKNOWN || par->codec_id == AV_CODEC_ID_NONE)
+            return true;
+    }
+    return false;
+}
+
+static tagKeloStreamInfo describe(const AVFormatContext* fmt, const AVStream* st)
+{
+    tagKeloStreamInfo info;
+    std::memset(&info, 0, sizeof info);
+    const AVCodecParameters* par = st->codecpar;
+    switch (par->codec_type) {
+    case AVMEDIA_TYPE_AUDIO:
+        info.nKind = KELO_STREAM_AUDIO;
+        break;
+    case AVMEDIA_TYPE_VIDEO:
+        // Cover art in a song is a picture, not a video.
+        info.nKind = (st->disposition & AV_DISPOSITION_ATTACHED_PIC) ? KELO_STREAM_OTHER
+                                                                      : KELO_STREAM_VIDEO;
+        break;
+    default:
+        info.nKind = KELO_STREAM_OTHER;
+        break;
+    }
+    info.nCodecId = par->codec_id;
+    info.nSampleRate = par->sample_rate;
+    info.nChannels = par->ch_layout.nb_channels;
+    info.nWidth = par->width;
+    info.nHeight = par->height;
+    if (st->duration > 0 && st->time_base.den > 0)
+        info.llDuration = av_rescale_q(st->duration, st->time_base, AVRational{1, 1000});
+    else if (fmt->duration > 0)
+        info.llDuration = fmt->duration / 1000;
+    info.llBitRate = par->bit_rate;
+    return info;
+}
+
+int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* streams)
+{
+    int err = 0;
+    InputPtr fmt = openInput(path.c_str(), &err);
+    if (!fmt)
+        return KELO_E_OPEN;
+    // FFmpeg reads any text file as ANSI art; that is not media to us.
+    if (std::strcmp(fmt->iformat->name, "tty") == 0)
+        return KELO_E_OPEN;
+    if (needsStreamInfo(fmt.get()) && avformat_find_stream_info(fmt.get(), nullptr) < 0
+        && fmt->nb_streams == 0)
+        return KELO_E_OPEN;
+    streams->clear();
+    streams->reserve(fmt->nb_streams);
+    for (unsigned i = 0; i < fmt->nb_streams; ++i)
+        streams->push_back(describe(fmt.get(), fmt->streams[i]));
+    return KELO_OK;
+}
+
+} // namespace vexa

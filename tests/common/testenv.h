@@ -1,0 +1,43 @@
+#pragma once
+// Shared test set-up: every test runs with a fresh temporary HOME and XDG
+// directories, Qt's standard paths in test mode, and the application's
+// identity, so nothing touches the developer's own settings or library.
+
+#include <QApplication>
+#include <QString>
+#include <QStringList>
+#include <QTest>
+
+#include <functional>
+
+namespace tw {
+
+// Points HOME and the XDG variables at a new temporary directory. Call
+// before the application object exists.
+void isolateEnvironment();
+// The temporary home made by isolateEnvironment().
+QString testHome();
+// Organisation "vandrel", application "tonewright", test-mode standard paths.
+void setIdentity();
+
+// Runs `ffmpeg -v error -y ARGS`; true on exit code 0. *error gets stderr.
+bool ffmpeg(const QStringList& args, QString* error = nullptr);
+// Runs ffprobe and returns its standard output (-of default=nw=1 style).
+QString ffprobe(const QStringList& args);
+
+// Writes a canonical 44-byte-header PCM WAV. sample(frame, channel) gives
+// the raw sample value (unsigned 8-bit or signed 16-bit).
+bool writeWav(const QString& path, int rate, int channels, int bits, qint64 frames,
+              const std::function<int(qint64 frame, int channel)>& sample);
+
+} // namespace tw
+
+#define TW_TEST_MAIN(TestClass)                                                                    \
+    int main(int argc, char* argv[])                                                               \
+    {                                                                                              \
+        tw::isolateEnvironment();                                                                  \
+        QApplication app(argc, argv);                                                              \
+        tw::setIdentity();                                                                         \
+        TestClass tc;                                                                              \
+        return QTest::qExec(&tc, argc, argv);                                                      \
+    }
