@@ -57,8 +57,12 @@ void CMsgHandlerLoger::customMessageHandler(QtMsgType type, const QMessageLogCon
 
 QString CMsgHandlerLoger::getLogPath()
 {
-    const QString dir =
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/log";
+    return getLogPath(QDate::currentDate());
+}
+
+QString CMsgHandlerLoger::getLogPath(const QDate& day)
+{
+    const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/log";
     QDir().mkpath(dir);
-    return dir + "/" + QDate::currentDate().toString("dd.MM.yyyy%1").arg(".log");
+    return dir + "/" + day.toString("dd.MM.yyyy%1").arg(".log");
 }

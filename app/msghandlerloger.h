@@ -3,6 +3,7 @@
 // severity prefix, to the media engine's logger. Installed once at start-up;
 // may be called from any thread (it keeps no state of its own).
 
+#include <QDate>
 #include <QString>
 #include <QtGlobal>
 
@@ -16,6 +17,8 @@ public:
 
     // <data>/log/dd.MM.yyyy.log, creating the log directory when missing.
     QString getLogPath();
+    // The same path for a given day.
+    static QString getLogPath(const QDate& day);
 
     CMsgHandlerLoger(const CMsgHandlerLoger&) = delete;
     CMsgHandlerLoger& operator=(const CMsgHandlerLoger&) = delete;

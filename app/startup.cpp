@@ -24,8 +24,9 @@ void removeTempFiles()
         dir.mkpath(path);
         return;
     }
-    const QStringList names =
-        dir.entryList(QStringList() << "*.tmp" << "*.m4r", QDir::Files, QDir::Unsorted);
+    const QStringList names = dir.entryList(QStringList() << "*.tmp"
+                                                          << "*.m4r",
+                                            QDir::Files, QDir::Unsorted);
     for (const QString& name : names) {
         const QString file = path + "/" + name;
         if (QFile::exists(file)) {

@@ -62,8 +62,8 @@ static tagKeloStreamInfo describe(const AVFormatContext* fmt, const AVStream* st
         break;
     case AVMEDIA_TYPE_VIDEO:
         // Cover art in a song is a picture, not a video.
-        info.nKind = (st->disposition & AV_DISPOSITION_ATTACHED_PIC) ? KELO_STREAM_OTHER
-                                                                      : KELO_STREAM_VIDEO;
+        info.nKind =
+            (st->disposition & AV_DISPOSITION_ATTACHED_PIC) ? KELO_STREAM_OTHER : KELO_STREAM_VIDEO;
         break;
     default:
         info.nKind = KELO_STREAM_OTHER;
@@ -91,8 +91,8 @@ int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* stream
     // FFmpeg reads any text file as ANSI art; that is not media to us.
     if (std::strcmp(fmt->iformat->name, "tty") == 0)
         return KELO_E_OPEN;
-    if (needsStreamInfo(fmt.get()) && avformat_find_stream_info(fmt.get(), nullptr) < 0
-        && fmt->nb_streams == 0)
+    if (needsStreamInfo(fmt.get()) && avformat_find_stream_info(fmt.get(), nullptr) < 0 &&
+        fmt->nb_streams == 0)
         return KELO_E_OPEN;
     streams->clear();
     streams->reserve(fmt->nb_streams);

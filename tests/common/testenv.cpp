@@ -54,7 +54,10 @@ void setIdentity()
 bool ffmpeg(const QStringList& args, QString* error)
 {
     QProcess p;
-    p.start("ffmpeg", QStringList() << "-nostdin" << "-v" << "error" << "-y" << args);
+    p.start("ffmpeg", QStringList() << "-nostdin"
+                                    << "-v"
+                                    << "error"
+                                    << "-y" << args);
     if (!p.waitForFinished(120000)) {
         if (error)
             *error = "ffmpeg did not finish";
@@ -68,7 +71,8 @@ bool ffmpeg(const QStringList& args, QString* error)
 QString ffprobe(const QStringList& args)
 {
     QProcess p;
-    p.start("ffprobe", QStringList() << "-v" << "error" << args);
+    p.start("ffprobe", QStringList() << "-v"
+                                     << "error" << args);
     p.waitForFinished(60000);
     return QString::fromLocal8Bit(p.readAllStandardOutput());
 }
