@@ -1,0 +1,684 @@
+#include "audio/wavehelper.h"
+
+#include "audio/pcmeffects.h"
+#include "audio/wavehelper_p.h"
+
+#include <QDebug>
+#include <QString>
+
+#include <SDL.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+// The engine's file layout: a canonical 44-byte header, then sample data.
+// Only the chunk id is checked; channel count, sample rate, bits per sample
+// and data size are read from their fixed offsets.
+
+namespace {
+
+constexpr long kDataOffset = 44;
+constexpr std::size_t kChunkBytes = 32768;
+constexpr std::size_t kRawBufferBytes = 4194304;
+constexpr int kBlockFrames = 512;
+constexpr long kMaxFileSize = 0x7D000000L;
+constexpr unsigned kRiff = 0x46464952u; // "RIFF" read little-endian
+constexpr std::align_val_t kAlignment{64};
+
+unsigned readLe16(const unsigned char* p)
+{
+    return p[0] | (p[1] << 8);
+}
+
+unsigned readLe32(const unsigned char* p)
+{
+    return p[0] | (p[1] << 8) | (p[2] << 16) | (static_cast<unsigned>(p[3]) << 24);
+}
+
+// 64-byte aligned blocks: the kernel copies file data into an aligned
+// destination markedly faster, which dominates the peak scan.
+unsigned char* allocAligned(std::size_t bytes)
+{
+    return static_cast<unsigned char*>(::operator new(bytes, kAlignment, std::nothrow));
+}
+
+void freeAligned(unsigned char* p)
+{
+    ::operator delete(p, kAlignment);
+}
+
+struct AlignedBuffer
+{
+    explicit AlignedBuffer(std::size_t bytes) : data(allocAligned(bytes)) {}
+    ~AlignedBuffer() { freeAligned(data); }
+    AlignedBuffer(const AlignedBuffer&) = delete;
+    AlignedBuffer& operator=(const AlignedBuffer&) = delete;
+    unsigned char* data;
+};
+
+// One raw-data block for the whole process, handed to every record. Uninit
+// deliberately never frees a record's rawBuffer; sharing the block (only one
+// record is open at a time) keeps that rule without leaking 4 MiB per open.
+unsigned char* sharedRawBuffer()
+{
+    static unsigned char* buffer = allocAligned(kRawBufferBytes);
+    return buffer;
+}
+
+// --- peak table -------------------------------------------------------------
+
+template <typename T> T loadSample(const unsigned char* p)
+{
+    T v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+
+// Min/max per block of 512 frames over the first channel. For stereo the
+// second channel is tracked as well but stored only once, after the entry
+// of the last partial block.
+template <typename T, int Channels> class PeakBuilder
+{
+public:
+    explicit PeakBuilder(unsigned char* table) : m_out(table) {}
+
+    void feed(const unsigned char* data, std::size_t frames)
+    {
+        constexpr std::size_t frameBytes = sizeof(T) * Channels;
+        std::size_t i = 0;
+        while (i < frames) {
+            if (m_fill == 0 && frames - i >= kBlockFrames) {
+                fullBlock(data + i * frameBytes);
+                i += kBlockFrames;
+            } else {
+                oneFrame(data + i * frameBytes);
+                ++i;
+            }
+        }
+    }
+
+    // A last partial block counts only when it holds more than one frame.
+    void finish()
+    {
+        if (m_fill <= 1)
+            return;
+        storePair(m_min[0], m_max[0]);
+        if (Channels == 2)
+            storePair(m_min[1], m_max[1]);
+    }
+
+private:
+    // A whole block in lanes of interleaved samples, branch-free so that the
+    // compiler turns it into packed min/max; lane l carries channel
+    // l % Channels.
+    void fullBlock(const unsigned char* p)
+    {
+        constexpr int lanes = 64 / sizeof(T);
+        constexpr int values = kBlockFrames * Channels;
+        T lo[lanes];
+        T hi[lanes];
+        std::memcpy(lo, p, sizeof lo);
+        std::memcpy(hi, p, sizeof hi);
+        for (int j = lanes; j < values; j += lanes) {
+            T v[lanes];
+            std::memcpy(v, p + j * sizeof(T), sizeof v);
+            for (int l = 0; l < lanes; ++l) {
+                lo[l] = v[l] < lo[l] ? v[l] : lo[l];
+                hi[l] = v[l] > hi[l] ? v[l] : hi[l];
+            }
+        }
+        T mn = lo[0];
+        T mx = hi[0];
+        for (int l = Channels; l < lanes; l += Channels) {
+            mn = lo[l] < mn ? lo[l] : mn;
+            mx = hi[l] > mx ? hi[l] : mx;
+        }
+        // Full blocks store the first channel only.
+        storePair(mn, mx);
+    }
+
+    void oneFrame(const unsigned char* p)
+    {
+        for (int c = 0; c < Channels; ++c) {
+            const T v = loadSample<T>(p + c * sizeof(T));
+            if (m_fill == 0) {
+                m_min[c] = v;
+                m_max[c] = v;
+            } else if (v < m_min[c]) {
+                m_min[c] = v;
+            } else if (v > m_max[c]) {
+                m_max[c] = v;
+            }
+        }
+        if (++m_fill == kBlockFrames) {
+            storePair(m_min[0], m_max[0]);
+            m_fill = 0;
+        }
+    }
+
+    void storePair(T mn, T mx)
+    {
+        std::memcpy(m_out, &mn, sizeof mn);
+        std::memcpy(m_out + sizeof mn, &mx, sizeof mx);
+        m_out += 2 * sizeof(T);
+    }
+
+    unsigned char* m_out;
+    int m_fill = 0;
+    T m_min[2] = {};
+    T m_max[2] = {};
+};
+
+template <typename T, int Channels>
+void scanPeaks(FILE* file, unsigned long long bytes, unsigned char* table, unsigned char* buffer)
+{
+    constexpr std::size_t frameBytes = sizeof(T) * Channels;
+    PeakBuilder<T, Channels> builder(table);
+    while (bytes > 0) {
+        const std::size_t want =
+            bytes < kChunkBytes ? static_cast<std::size_t>(bytes) : kChunkBytes;
+        const std::size_t got = std::fread(buffer, 1, want, file);
+        builder.feed(buffer, got / frameBytes);
+        bytes -= got;
+        if (got < want)
+            break;
+    }
+    builder.finish();
+}
+
+// Builds info->peakTable from scanFile; false when memory runs out.
+bool buildPeakTable(tagWaveInfo* info)
+{
+    // peakCount is 32-bit like frameCount; scanning stops where the table
+    // ends even if a lying header made the count wrap.
+    info->peakCount = static_cast<int>((info->frameCount + 511u) >> 9);
+    const unsigned long long peakFrames =
+        static_cast<unsigned long long>(static_cast<unsigned>(info->peakCount)) << 9;
+    const unsigned long long frames = info->frameCount < peakFrames ? info->frameCount : peakFrames;
+
+    // Stereo tables are twice the size their pairs need: only the first
+    // half holds pairs, the second channel's tail pair follows the last one.
+    std::size_t tableBytes = static_cast<unsigned>(info->peakCount);
+    switch (info->formatKey) {
+    case 9:
+        tableBytes *= 2;
+        break;
+    case 10:
+    case 17:
+        tableBytes *= 4;
+        break;
+    default:
+        tableBytes *= 8;
+        break;
+    }
+    // Entries a short file never reaches read as silence.
+    info->peakTable = static_cast<unsigned char*>(std::calloc(tableBytes ? tableBytes : 1, 1));
+    if (!info->peakTable)
+        return false;
+    if (info->silence != 0)
+        std::memset(info->peakTable, info->silence, tableBytes);
+
+    AlignedBuffer scan(kChunkBytes);
+    if (!scan.data)
+        return false;
+    const unsigned long long bytes = frames * info->frameBytes;
+    switch (info->formatKey) {
+    case 9:
+        scanPeaks<unsigned char, 1>(info->scanFile, bytes, info->peakTable, scan.data);
+        break;
+    case 10:
+        scanPeaks<unsigned char, 2>(info->scanFile, bytes, info->peakTable, scan.data);
+        break;
+    case 17:
+        scanPeaks<short, 1>(info->scanFile, bytes, info->peakTable, scan.data);
+        break;
+    default:
+        scanPeaks<short, 2>(info->scanFile, bytes, info->peakTable, scan.data);
+        break;
+    }
+    return true;
+}
+
+// --- SDL --------------------------------------------------------------------
+
+// Switches SDL's audio to its dummy driver so that a machine without a
+// sound device still opens and exports waves; playback is then silent.
+bool useDummyAudio()
+{
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SDL_SetHintWithPriority(SDL_HINT_AUDIODRIVER, "dummy", SDL_HINT_OVERRIDE);
+    const bool ok = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    SDL_ResetHint(SDL_HINT_AUDIODRIVER);
+    return ok;
+}
+
+void logAudioUnavailable(const QString& why)
+{
+    qDebug().noquote() << "audio device unavailable:" << why;
+}
+
+// Starts the timer, audio and video subsystems that are not running yet.
+int initSdl()
+{
+    // SDL is only our sound output: it must not take Ctrl+C and SIGTERM
+    // from the program, nor keep the screen saver from starting.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    const Uint32 wanted = SDL_INIT_TIMER | SDL_INIT_AUDIO | SDL_INIT_VIDEO;
+    const Uint32 missing = wanted & ~SDL_WasInit(0xFFFF);
+    if (missing == 0 || SDL_Init(missing) >= 0)
+        return 0;
+    if ((missing & SDL_INIT_AUDIO) == 0)
+        return -1;
+    const QString why = QString::fromUtf8(SDL_GetError());
+    // Only a failing audio driver is worth the fallback.
+    if (SDL_Init(missing & ~SDL_INIT_AUDIO) < 0)
+        return -1;
+    logAudioUnavailable(why);
+    return useDummyAudio() ? 0 : -1;
+}
+
+int openAudio(SDL_AudioSpec* desired)
+{
+    // A device that is already open belongs to another record: report that
+    // failure as it is instead of replacing the driver under it.
+    const bool busy = SDL_GetAudioStatus() != SDL_AUDIO_STOPPED;
+    const int result = SDL_OpenAudio(desired, nullptr);
+    if (result >= 0 || busy)
+        return result;
+    const char* driver = SDL_GetCurrentAudioDriver();
+    if (driver && std::strcmp(driver, "dummy") == 0)
+        return result;
+    logAudioUnavailable(QString::fromUtf8(SDL_GetError()));
+    if (!useDummyAudio())
+        return result;
+    return SDL_OpenAudio(desired, nullptr);
+}
+
+// --- effects ----------------------------------------------------------------
+
+// Applies volume, then the fade the buffer's start lies in, to `length`
+// bytes read from file offset `pos`. Shared by playback and write-back so
+// that the file ends up exactly as it sounded.
+void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, long pos)
+{
+    const int volume = info->volume;
+    const int inStart = info->fadeInStart;
+    const int inEnd = info->fadeInEnd;
+    const int outStart = info->fadeOutStart;
+    const int outEnd = info->fadeOutEnd;
+
+    // Only the buffer's first byte decides which fade applies, a fade-in
+    // wins over a fade-out, and the ramp runs on to the buffer's end even
+    // past the region: a buffer's granularity is accepted.
+    const bool inFadeIn = inStart <= pos && pos <= inEnd;
+    const bool inFadeOut = !inFadeIn && outStart <= pos && pos <= outEnd;
+    const int off = static_cast<int>(pos - (inFadeIn ? inStart : outStart));
+    const int len = inFadeIn ? inEnd - inStart : outEnd - outStart;
+
+    if (info->silence != 0) {
+        if (volume != 100) {
+            // 8-bit volume scales the unsigned byte from 0, not around 128,
+            // unlike the 8-bit fades; both are kept as they are.
+            const long long gain = pcm::gainOf(volume);
+            for (int i = 0; i < length; ++i) {
+                const long long v = (buffer[i] * gain) >> 8;
+                buffer[i] = static_cast<unsigned char>(v < 0 ? 0 : (v > 255 ? 255 : v));
+            }
+        }
+        if (!inFadeIn && !inFadeOut)
+            return;
+        if (info->frameBytes == 1) {
+            if (inFadeIn)
+                FadeInU8Mono(buffer, off + length, off, len);
+            else
+                FadeOutU8Mono(buffer, off + length, off, len);
+        } else {
+            if (inFadeIn)
+                FadeInU8Stereo(buffer, (off + length) / 2, off / 2, len / 2);
+            else
+                FadeOutU8Stereo(buffer, (off + length) / 2, off / 2, len / 2);
+        }
+        return;
+    }
+
+    if (volume != 100)
+        VolumeChangeS16(buffer, length, volume);
+    if (!inFadeIn && !inFadeOut)
+        return;
+    if (info->frameBytes == 4) {
+        if (inFadeIn)
+            FadeInS16Stereo(buffer, (off + length) / 4, off / 4, len / 4);
+        else
+            FadeOutS16Stereo(buffer, (off + length) / 4, off / 4, len / 4);
+        return;
+    }
+    // 16-bit mono has no routine of its own: same formula, one sample per step.
+    const int first = off / 2;
+    const int last = (off + length) / 2;
+    const int half = len / 2;
+    unsigned char* p = buffer;
+    if (inFadeIn) {
+        for (int i = first; i < last; ++i, p += 2)
+            pcm::storeS16(p, pcm::fadeS16(pcm::loadS16(p), i, half));
+    } else {
+        int k = half - first;
+        for (int i = first; i < last; ++i, --k, p += 2)
+            pcm::storeS16(p, pcm::fadeS16(pcm::loadS16(p), k, half));
+    }
+}
+
+// Byte offset in the file of a time in whole seconds, kept to 32 bits.
+int secondsToOffset(const tagWaveInfo* info, long long seconds)
+{
+    const unsigned long long bytesPerSecond =
+        static_cast<unsigned long long>(info->frameBytes) * info->sampleRate;
+    return static_cast<int>(static_cast<unsigned>(
+        bytesPerSecond * static_cast<unsigned long long>(seconds) + kDataOffset));
+}
+
+// Writes volume and fades into the file through scanFile, one chunk at a
+// time, starting at the first fade (or wherever the last read stopped).
+void writeBackEffects(tagWaveInfo* info)
+{
+    FILE* f = info->scanFile;
+    if (info->fadeInStart >= 1)
+        std::fseek(f, info->fadeInStart, SEEK_SET);
+    else if (info->fadeOutStart > 0)
+        std::fseek(f, info->fadeOutStart, SEEK_SET);
+
+    // The slack keeps the frame loops inside the buffer when a short last
+    // read ends in a partial frame.
+    AlignedBuffer chunk(kChunkBytes + 8);
+    if (!chunk.data)
+        return;
+    for (;;) {
+        long pos = std::ftell(f);
+        const std::size_t got = std::fread(chunk.data, 1, kChunkBytes, f);
+        if (got == 0)
+            break;
+        applyEffects(info, chunk.data, static_cast<int>(got), pos);
+        std::fseek(f, -static_cast<long>(got), SEEK_CUR);
+        if (std::fwrite(chunk.data, 1, got, f) != got)
+            break;
+        // A read must not follow a write on one stream without a seek.
+        std::fseek(f, 0, SEEK_CUR);
+        pos = std::ftell(f);
+        // Without fades this stops after one chunk: a bare volume change is
+        // written into that chunk only (the editor always sets fades).
+        if ((pos > info->fadeInEnd && info->fadeOutEnd < 0) ||
+            (pos > info->fadeOutEnd && info->fadeInEnd < info->fadeOutEnd))
+            break;
+    }
+}
+
+} // namespace
+
+void AudioPlayCallbackFunc(void* userdata, unsigned char* stream, int length)
+{
+    auto* info = static_cast<tagWaveInfo*>(userdata);
+    if (!info)
+        return;
+    // SDL2 hands over an uncleared buffer; what the file cannot supply
+    // must play as silence (and still gets the effects below).
+    std::memset(stream, info->silence, static_cast<std::size_t>(length));
+    if (!info->playFile)
+        return;
+    const long pos = std::ftell(info->playFile);
+    const std::size_t got = std::fread(stream, 1, static_cast<std::size_t>(length), info->playFile);
+    if (got == 0 && info->state != 0) {
+        info->state = 0;
+        SDL_PauseAudio(1);
+    }
+    applyEffects(info, stream, length, pos);
+}
+
+int WaveHelperInit(const char* path, tagWaveInfo* info)
+{
+    if (!path || !info)
+        return -4;
+    FILE* file = std::fopen(path, "r+b");
+    if (!file)
+        return -1;
+    // A short file leaves the rest of the header zero.
+    unsigned char header[kDataOffset] = {};
+    const std::size_t headerBytes = std::fread(header, 1, sizeof header, file);
+    std::fseek(file, 0, SEEK_END);
+    const long fileSize = std::ftell(file);
+    std::fseek(file, kDataOffset, SEEK_SET);
+
+    // Only the chunk id is validated; the record stays untouched. The
+    // stream is closed since nothing could ever reach it again.
+    if (headerBytes < 4 || readLe32(header) != kRiff) {
+        std::fclose(file);
+        return -2;
+    }
+    if (fileSize > kMaxFileSize) {
+        std::fclose(file);
+        return -3;
+    }
+
+    const unsigned channels = readLe16(header + 22);
+    const unsigned rate = readLe32(header + 24);
+    const unsigned bits = readLe16(header + 34);
+    const unsigned dataSize = readLe32(header + 40);
+    info->scanFile = file;
+    info->frameCount = dataSize;
+    info->silence = bits == 8 ? 128 : 0;
+    info->peakTable = nullptr;
+    info->sampleRate = rate;
+
+    // The minimum is ten times the rate in bytes, not a time: 2.5 s for
+    // 16-bit stereo at 44100 Hz, 10 s for 8-bit mono.
+    if (dataSize < 10u * rate) {
+        std::fclose(file);
+        info->scanFile = nullptr; // the caller may Uninit a failed record
+        return -4;
+    }
+
+    info->formatKey = bits | channels;
+    switch (info->formatKey) {
+    case 9:
+        info->frameBytes = 1;
+        break;
+    case 10:
+    case 17:
+        info->frameBytes = 2;
+        info->frameCount /= 2;
+        break;
+    case 18:
+        info->frameBytes = 4;
+        info->frameCount /= 4;
+        break;
+    default:
+        // Reported as success on purpose: the caller finds no peak table,
+        // and no audio device is opened.
+        return 0;
+    }
+
+    if (!buildPeakTable(info))
+        return -6;
+
+    info->playFile = std::fopen(path, "rb");
+    if (!info->playFile)
+        return -1;
+    std::fseek(info->playFile, kDataOffset, SEEK_SET);
+
+    info->rawBuffer = sharedRawBuffer();
+    if (!info->rawBuffer)
+        return -6;
+
+    if (initSdl() < 0)
+        return -1;
+
+    SDL_AudioSpec desired;
+    std::memset(&desired, 0, sizeof desired);
+    desired.freq = static_cast<int>(rate);
+    desired.format = bits < 9 ? AUDIO_U8 : AUDIO_S16LSB;
+    desired.channels = static_cast<Uint8>(channels);
+    desired.silence = info->silence;
+    desired.samples = 1024;
+    desired.callback = AudioPlayCallbackFunc;
+    desired.userdata = info;
+
+    info->volume = 100;
+    info->fadeInStart = -1;
+    info->fadeInEnd = -1;
+    info->fadeOutStart = -1;
+    info->fadeOutEnd = -1;
+
+    // No obtained spec: SDL converts when the device differs. The device
+    // stays paused and state stays 0.
+    return openAudio(&desired);
+}
+
+int WaveHelperUninit(tagWaveInfo* info)
+{
+    if (!info)
+        return -1;
+    if (info->playFile) {
+        // Holds off the audio thread before its stream goes away.
+        SDL_PauseAudio(1);
+        std::fclose(info->playFile);
+        info->playFile = nullptr;
+    }
+    if (info->scanFile && info->rawBuffer)
+        writeBackEffects(info);
+    if (info->scanFile)
+        std::fclose(info->scanFile);
+    if (info->extraFile1)
+        std::fclose(info->extraFile1);
+    if (info->extraFile2)
+        std::fclose(info->extraFile2);
+    std::free(info->peakTable);
+    // rawBuffer is deliberately not released (see sharedRawBuffer).
+    SDL_CloseAudio();
+    std::memset(info, 0, sizeof *info);
+    return 0;
+}
+
+int WaveHelperPlay(tagWaveInfo* info)
+{
+    if (!info)
+        return 0;
+    if (info->state != 1) {
+        SDL_PauseAudio(0);
+        info->state = 1;
+        return 1;
+    }
+    // A second Play toggles to pause.
+    SDL_PauseAudio(1);
+    info->state = 2;
+    return 0;
+}
+
+int WaveHelperPause(tagWaveInfo* info)
+{
+    if (!info || info->state != 1)
+        return 0;
+    SDL_PauseAudio(1);
+    info->state = 2;
+    return 1;
+}
+
+int WaveHelperStop(tagWaveInfo* info)
+{
+    // The position is not rewound.
+    if (info && info->state != 0) {
+        info->state = 0;
+        SDL_PauseAudio(1);
+    }
+    return 0;
+}
+
+int WaveHelperGetState(tagWaveInfo* info)
+{
+    return info ? info->state : 0;
+}
+
+long long WaveHelperGetPos(tagWaveInfo* info)
+{
+    if (!info || !info->playFile)
+        return 0;
+    const long long bytesPerSecond = static_cast<long long>(info->frameBytes) * info->sampleRate;
+    if (bytesPerSecond == 0)
+        return 0; // a header with rate 0 must not divide by zero
+    return (std::ftell(info->playFile) - kDataOffset) * 1000LL / bytesPerSecond;
+}
+
+int WaveHelperSetPos(tagWaveInfo* info, long long ms)
+{
+    if (!info || !info->playFile)
+        return -1;
+    // The rate is divided by 1000 first, on purpose: at 44100 Hz a
+    // millisecond counts as 44 frames, so the seek lands slightly earlier
+    // than GetPos reports for the same time.
+    const unsigned long long framesPerMs = info->sampleRate / 1000;
+    const unsigned long long offset =
+        info->frameBytes * framesPerMs * static_cast<unsigned long long>(ms) + kDataOffset;
+    return std::fseek(info->playFile, static_cast<long>(offset), SEEK_SET);
+}
+
+unsigned char* WaveHelperGetRawData(tagWaveInfo* info, int firstFrame, int frameCount)
+{
+    if (!info)
+        return nullptr;
+    if (info->scanFile && info->rawBuffer) {
+        // Rounded down to a multiple of 4 bytes: for mono data the block may
+        // start a frame or three early; the renderer lives with that.
+        const long long offset =
+            ((static_cast<long long>(info->frameBytes) * firstFrame) & ~3LL) + kDataOffset;
+        if (std::ftell(info->scanFile) != offset)
+            std::fseek(info->scanFile, static_cast<long>(offset), SEEK_SET);
+        long long want = static_cast<long long>(frameCount) * info->frameBytes;
+        // Callers keep requests below the buffer's size; never write past it.
+        if (want < 0)
+            want = 0;
+        else if (want > static_cast<long long>(kRawBufferBytes))
+            want = static_cast<long long>(kRawBufferBytes);
+        const std::size_t bytes = static_cast<std::size_t>(want);
+        const std::size_t got = std::fread(info->rawBuffer, 1, bytes, info->scanFile);
+        std::memset(info->rawBuffer + got, info->silence, bytes - got);
+    }
+    return info->rawBuffer;
+}
+
+int WaveHelperChangeVolume(tagWaveInfo* info, int percent)
+{
+    // No range check: the editor keeps it within 0..256.
+    if (info)
+        info->volume = percent;
+    return 0;
+}
+
+int WaveHelperFadeIn(tagWaveInfo* info, int start, int length)
+{
+    if (!info)
+        return 0;
+    if (start >= 0 && length >= 0) {
+        info->fadeInStart = secondsToOffset(info, start);
+        info->fadeInEnd = secondsToOffset(info, static_cast<long long>(start) + length);
+    } else {
+        info->fadeInStart = -1;
+        info->fadeInEnd = -1;
+    }
+    return 0;
+}
+
+int WaveHelperFadeOut(tagWaveInfo* info, int start, int length)
+{
+    if (!info)
+        return 0;
+    if (start >= 0 && length >= 0) {
+        info->fadeOutStart = secondsToOffset(info, start);
+        // One second longer than asked, on purpose: the fade reaches past
+        // the end of the selection.
+        info->fadeOutEnd = secondsToOffset(info, static_cast<long long>(start) + length + 1);
+    } else {
+        info->fadeOutStart = -1;
+        info->fadeOutEnd = -1;
+    }
+    return 0;
+}
