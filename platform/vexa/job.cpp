@@ -1,0 +1,201 @@
+// One render job: source to temporary file to destination, with progress.
+
+#include "job.h"
+
+#include "aacwriter.h"
+#include "pcmsource.h"
+#include "wavwriter.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace vexa {
+
+namespace {
+
+// The job whose worker runs on this thread, so that wait() from inside its
+// own progress callback returns instead of joining itself.
+thread_local const RenderJob* t_current = nullptr;
+
+struct PendingNote
+{
+    std::shared_ptr<const std::atomic<bool>> cancelled;
+    KeloNotifyProc proc;
+    void* user;
+    tagKeloProgInfo info;
+};
+
+void deliver(void* arg)
+{
+    std::unique_ptr<PendingNote> note(static_cast<PendingNote*>(arg));
+    if (!note->cancelled->load())
+        note->proc(&note->info, note->user);
+}
+
+// Claims a fresh hidden name in the destination's directory, so that the
+// final rename stays on one file system and a half-written file never
+// carries the destination's name. Empty when no name could be made there.
+std::string claimTempName(const std::string& dest)
+{
+    static std::atomic<unsigned> counter{0};
+    const fs::path target(dest);
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
+        char suffix[48];
+        std::snprintf(suffix, sizeof suffix, ".%llx-%x.part",
+                      static_cast<unsigned long long>(ticks) & 0xffffffffffULL,
+                      counter.fetch_add(1));
+        const fs::path temp = target.parent_path() / ("." + target.filename().string() + suffix);
+        // "x": never take over a file that someone else made.
+        std::FILE* f = std::fopen(temp.string().c_str(), "wbx");
+        if (f) {
+            std::fclose(f);
+            return temp.string();
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return std::string();
+}
+
+} // namespace
+
+RenderJob::RenderJob(RenderSpec spec)
+    : m_spec(std::move(spec)), m_cancelled(std::make_shared<std::atomic<bool>>(false))
+{
+}
+
+RenderJob::~RenderJob()
+{
+    m_cancelled->store(true);
+    if (m_thread.joinable()) {
+        // The worker may drop the last reference itself, on its way out.
+        if (m_thread.get_id() == std::this_thread::get_id())
+            m_thread.detach();
+        else
+            m_thread.join();
+    }
+}
+
+void RenderJob::start()
+{
+    m_thread = std::thread([self = shared_from_this()] { self->run(); });
+}
+
+void RenderJob::wait()
+{
+    if (t_current == this)
+        return;
+    std::lock_guard<std::mutex> lock(m_joinMutex);
+    if (m_thread.joinable())
+        m_thread.join();
+}
+
+void RenderJob::notify(int progress, int status)
+{
+    m_progress = progress;
+    if (!m_spec.notify || m_cancelled->load())
+        return;
+    tagKeloProgInfo info{};
+    info.nTimeline = m_spec.timeline;
+    info.nMedia = m_spec.media;
+    info.nProgress = progress;
+    info.nStatus = status;
+    if (m_spec.post)
+        m_spec.post(&deliver, new PendingNote{m_cancelled, m_spec.notify, m_spec.user, info});
+    else
+        m_spec.notify(&info, m_spec.user);
+}
+
+void RenderJob::run()
+{
+    t_current = this;
+    notify(0, KELO_OK);
+    std::string temp;
+    int rc = render(&temp);
+    const bool cancelled = m_cancelled->load();
+    std::error_code ec;
+    if (rc == KELO_OK && !cancelled) {
+        fs::rename(temp, m_spec.dest, ec);
+        if (ec)
+            rc = KELO_E_IO;
+    }
+    if ((rc != KELO_OK || cancelled) && !temp.empty())
+        fs::remove(temp, ec);
+
+    if (cancelled) {
+        KeloLogMessage(0, "render cancelled: %s", m_spec.dest.c_str());
+    } else if (rc < 0) {
+        KeloLogMessage(0, "render failed (%d): %s -> %s", rc, m_spec.item->path.c_str(),
+                       m_spec.dest.c_str());
+        notify(m_progress, rc);
+    } else {
+        notify(10000, KELO_OK);
+    }
+    m_done.store(true);
+    t_current = nullptr;
+}
+
+int RenderJob::render(std::string* temp)
+{
+    const MediaItem& item = *m_spec.item;
+    // Rendering onto the source would replace the user's file.
+    std::error_code ec;
+    if (fs::equivalent(item.path, m_spec.dest, ec))
+        return KELO_E_ARGUMENT;
+
+    PcmSource source;
+    int rc = source.open(item.path, item.start, item.end);
+    if (rc < 0)
+        return rc;
+
+    *temp = claimTempName(m_spec.dest);
+    if (temp->empty())
+        return KELO_E_IO;
+    std::unique_ptr<PcmSink> sink;
+    if (m_spec.aac) {
+        auto aac = std::make_unique<AacWriter>();
+        rc = aac->open(*temp, m_spec.bitRate);
+        sink = std::move(aac);
+    } else {
+        auto wav = std::make_unique<WavWriter>();
+        rc = wav->open(*temp);
+        sink = std::move(wav);
+    }
+    if (rc < 0)
+        return rc;
+
+    int noted = 0;
+    for (;;) {
+        if (m_cancelled->load(std::memory_order_relaxed))
+            return KELO_E_CANCELLED;
+        const int16_t* samples = nullptr;
+        int frames = 0;
+        rc = source.read(&samples, &frames);
+        if (rc < 0)
+            return rc;
+        if (frames == 0)
+            break;
+        rc = sink->write(samples, frames);
+        if (rc < 0)
+            return rc;
+        // One call per percent; 10000 is kept for the very end.
+        const int progress = std::min(9999, static_cast<int>(source.progress() * 10000.0));
+        if (progress / 100 > noted / 100) {
+            noted = progress;
+            notify(progress, KELO_OK);
+        }
+    }
+    rc = source.endStatus();
+    if (rc < 0)
+        return rc;
+    return sink->finish();
+}
+
+} // namespace vexa

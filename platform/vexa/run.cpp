@@ -1,0 +1,87 @@
+// KeloRun: checks a render request and starts its job on the timeline.
+
+#include "job.h"
+#include "registry.h"
+#include "vexanotify.h"
+
+extern "C" {
+#include <libavcodec/codec_id.h>
+}
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <system_error>
+
+namespace {
+std::atomic<KeloPostProc> g_post{nullptr};
+} // namespace
+
+extern "C" void KeloSetNotifyDispatcher(KeloPostProc post)
+{
+    g_post.store(post);
+}
+
+extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloRunParam* param)
+{
+    if (!media || count != 1 || !param || !param->pszFormat || !param->pszDest || !*param->pszDest)
+        return KELO_E_ARGUMENT;
+    // Every render is 44 100 Hz stereo 16-bit; zeros take those values.
+    if ((param->nSampleRate != 0 && param->nSampleRate != 44100) ||
+        (param->nChannels != 0 && param->nChannels != 2) ||
+        (param->nBitsPerSample != 0 && param->nBitsPerSample != 16) || param->nAudioBitRate < 0)
+        return KELO_E_ARGUMENT;
+
+    bool aac = false;
+    if (std::strcmp(param->pszFormat, "wav") == 0) {
+        if (param->nAudioCodec != AV_CODEC_ID_PCM_S16LE)
+            return KELO_E_CODEC;
+    } else if (std::strcmp(param->pszFormat, "mp4") == 0) {
+        if (param->nAudioCodec != AV_CODEC_ID_AAC)
+            return KELO_E_CODEC;
+        aac = true;
+    } else {
+        return KELO_E_CODEC;
+    }
+
+    vexa::Registry& r = vexa::Registry::instance();
+    std::lock_guard<std::mutex> lock(r.mutex);
+    vexa::Timeline* t = r.timeline(timeline);
+    if (!t)
+        return KELO_E_HANDLE;
+    auto item = r.item(timeline, media[0]);
+    if (!item)
+        return KELO_E_HANDLE;
+    if (item->start < 0 || item->end < 0 || (item->end != 0 && item->end <= item->start))
+        return KELO_E_ARGUMENT;
+
+    // Finished jobs leave the list here; their threads have ended or are ending.
+    t->jobs.erase(
+        std::remove_if(t->jobs.begin(), t->jobs.end(), [](const auto& j) { return j->done(); }),
+        t->jobs.end());
+    const std::string dest = param->pszDest;
+    for (const auto& j : t->jobs) {
+        const auto* running = dynamic_cast<const vexa::RenderJob*>(j.get());
+        if (running && running->destination() == dest)
+            return KELO_E_BUSY;
+    }
+
+    vexa::RenderSpec spec;
+    spec.timeline = timeline;
+    spec.media = media[0];
+    spec.item = std::move(item);
+    spec.aac = aac;
+    spec.bitRate = param->nAudioBitRate;
+    spec.dest = dest;
+    spec.notify = param->pfnNotify;
+    spec.user = param->pUser;
+    spec.post = g_post.load();
+    auto job = std::make_shared<vexa::RenderJob>(std::move(spec));
+    try {
+        job->start();
+    } catch (const std::system_error&) {
+        return KELO_E_NOMEM;
+    }
+    t->jobs.push_back(std::move(job));
+    return KELO_OK;
+}
