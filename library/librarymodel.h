@@ -1,0 +1,36 @@
+#pragma once
+// The library tree behind the left-hand pane: an invisible root ("ITunes")
+// with the groups "Library" and "PlayList", each holding the agent's
+// playlists of its collection. Owns the whole tree through its root node.
+// GUI thread only. loadLibrary() rebuilds the tree; call it before a view is
+// attached, since the rebuild announces only the removal of row 0.
+
+#include "library/librarynode.h"
+
+#include <QAbstractItemModel>
+
+class CLibraryModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    explicit CLibraryModel(QObject* parent = nullptr);
+    ~CLibraryModel() override;
+
+    void loadLibrary();
+
+    QModelIndex index(int row, int column,
+                      const QModelIndex& parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+    CLibraryNode* nodeFromIndex(const QModelIndex& index) const;
+
+private:
+    CLibraryNode* m_root; // null until loadLibrary()
+};

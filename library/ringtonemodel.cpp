@@ -1,0 +1,106 @@
+#include "library/ringtonemodel.h"
+
+#include "library/ItunesWrap.h"
+
+#include <QSize>
+
+CRingToneModel::CRingToneModel(QObject* parent)
+    : QAbstractTableModel(parent), m_type(LT_ROOT), m_position(0), m_musicIcon(":/li/f_music"),
+      m_videoIcon(":/li/f_video")
+{
+}
+
+CRingToneModel::~CRingToneModel()
+{
+    qDeleteAll(m_nodes);
+}
+
+int CRingToneModel::songCount() const
+{
+    const int count = CItunesWraper::instance()->getSongCount(m_type, m_position);
+    return count > 0 ? count : 0;
+}
+
+int CRingToneModel::columnCount(const QModelIndex&) const
+{
+    return 1;
+}
+
+int CRingToneModel::rowCount(const QModelIndex& parent) const
+{
+    if (parent.isValid())
+        return 0;
+    return songCount() + static_cast<int>(m_nodes.size());
+}
+
+QVariant CRingToneModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    // Answered before any record is built, also for rows past the end.
+    if (role == Qt::SizeHintRole)
+        return QSize(50, 20);
+    // Only these roles need the record; every agent row costs a query.
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::DecorationRole)
+        return QVariant();
+    const CRingToneNode node = nodeFromIndex(index);
+    if (role == Qt::DecorationRole)
+        return node.bVideo ? m_videoIcon : m_musicIcon;
+    return node.strTitle;
+}
+
+void CRingToneModel::load(tagLibraryType type, int position)
+{
+    clearRingTone();
+    m_type = type;
+    m_position = position;
+    const int count = CItunesWraper::instance()->getSongCount(type, position);
+    if (count < 0)
+        return;
+    // Announced even for an empty playlist (rows 0 .. -1).
+    beginInsertRows(QModelIndex(), 0, count - 1);
+    endInsertRows();
+}
+
+bool CRingToneModel::addRingTone(const CRingToneNode& node)
+{
+    const int row = static_cast<int>(m_nodes.size());
+    auto* copy = new CRingToneNode(node);
+    beginInsertRows(QModelIndex(), row, row);
+    m_nodes.append(copy);
+    endInsertRows();
+    return true;
+}
+
+void CRingToneModel::clearRingTone()
+{
+    const int total = songCount() + static_cast<int>(m_nodes.size());
+    // One row past the last is announced on purpose: the removal has always
+    // named the count itself as its last row. Proxies and views clamp it.
+    beginRemoveRows(QModelIndex(), 0, total);
+    qDeleteAll(m_nodes);
+    m_nodes.clear();
+    endRemoveRows();
+}
+
+void CRingToneModel::Search(QString text, FilterType type)
+{
+    clearRingTone();
+    // From here on the agent contributes no rows: every row is an owned hit.
+    m_type = LT_SEARCH;
+    m_position = -1;
+    CItunesWraper::instance()->SearchSong(text, type, this);
+}
+
+CRingToneNode CRingToneModel::nodeFromIndex(const QModelIndex& index) const
+{
+    CRingToneNode node;
+    if (!index.isValid())
+        return node;
+    const int owned = static_cast<int>(m_nodes.size());
+    if (index.row() >= owned)
+        CItunesWraper::instance()->getSongInfo(m_type, m_position, index.row() - owned, &node);
+    else
+        node = *m_nodes.at(index.row());
+    return node;
+}
