@@ -128,6 +128,7 @@ void RenderJob::run()
     }
     if ((rc != KELO_OK || cancelled) && !temp.empty())
         fs::remove(temp, ec);
+    m_writing.store(false);
 
     if (cancelled) {
         KeloLogMessage(0, "render cancelled: %s", m_spec.dest.c_str());

@@ -48,6 +48,8 @@ public:
     void wait() override;
 
     const std::string& destination() const { return m_spec.dest; }
+    // True until the output is in place or gone, which is before the last call.
+    bool writing() const { return m_writing.load(); }
 
 private:
     void run();
@@ -58,6 +60,7 @@ private:
     // Shared with posted progress calls, which check it before they run.
     std::shared_ptr<std::atomic<bool>> m_cancelled;
     std::atomic<bool> m_done{false};
+    std::atomic<bool> m_writing{true};
     int m_progress = 0; // worker thread only
     std::mutex m_joinMutex;
     std::thread m_thread;

@@ -62,7 +62,7 @@ extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloR
     const std::string dest = param->pszDest;
     for (const auto& j : t->jobs) {
         const auto* running = dynamic_cast<const vexa::RenderJob*>(j.get());
-        if (running && running->destination() == dest)
+        if (running && running->writing() && running->destination() == dest)
             return KELO_E_BUSY;
     }
 
