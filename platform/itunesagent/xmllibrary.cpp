@@ -114,7 +114,7 @@ bool XmlLibraryReader::read(std::string& musicFolder)
         return false;
     std::string_view key;
     Value v;
-    while (r.nextKey(key)) {
+    while (!root.closed && r.nextKey(key)) {
         if (key == "Tracks") {
             if (!r.next(v) || !want(v, Type::Dict, "Tracks"))
                 return false;

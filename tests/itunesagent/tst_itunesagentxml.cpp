@@ -1,0 +1,902 @@
+// The library agent serving an iTunes library XML file: collections and
+// kinds, songs and their decoded locations, the two-pass protocol, handles,
+// search, artwork, ringtones, the two real library files of the shared data,
+// and the fall-back to the folder library when a file cannot be used.
+
+#include "tests/itunesagent/agentfixtures.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <vector>
+
+class TestItunesAgentXml : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanupTestCase();
+
+    void shouldListBuiltInPlaylistsInCollectionZeroWithTheirKinds();
+    void shouldListUserPlaylistsFoldersAndSmartOnesInCollectionTwo();
+    void shouldLeaveCollectionOneEmpty();
+    void shouldReadSongsWithDecodedLocations();
+    void shouldTakeTheFileNameWhenATrackHasNoName();
+    void shouldReportZeroSizeForAnEmptyArtist();
+    void shouldFillSizesFirstAndTextsSecond();
+    void shouldTerminateATextCutByASmallBuffer();
+    void shouldListTheSongsOfAFolderFromItsPlaylists();
+    void shouldLeaveOutItemsOfUnknownTracks();
+    void shouldRefuseClosedAndMadeUpHandles();
+    void shouldRefuseOutOfRangePositions_data();
+    void shouldRefuseOutOfRangePositions();
+    void shouldSearchFieldsCaseInsensitivelyInLibraryOrder_data();
+    void shouldSearchFieldsCaseInsensitivelyInLibraryOrder();
+    void shouldReadAnArtistQueryUpToItsSize();
+    void shouldStopSearchingWhenTheCallbackSaysSo();
+    void shouldRefuseASearchWithoutQueryOrCallback();
+    void shouldReadArtworkFromTheTracksFile();
+    void shouldOpenNoArtworkForATrackKnownToHaveNone();
+    void shouldRefuseOpeningPlaylistsBeyondTheHandleLimit();
+    void shouldKeepOnlyTheNewestArtworkHandles();
+    void shouldCountCallsAndForgetEverythingOnReset();
+    void shouldReadTheRealMacLibrary();
+    void shouldReadTheRealWindowsLibrary();
+    void shouldFallBackToFoldersWhenTheFileCannotBeUsed_data();
+    void shouldFallBackToFoldersWhenTheFileCannotBeUsed();
+    void shouldIgnoreUnusedKeysOfAnyType();
+    void shouldAppendRingtoneIntoTheAutomaticallyAddFolder();
+    void shouldAppendRingtoneIntoMusicRingtonesWithoutThatFolder();
+    void shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPlaylist();
+    void shouldRefuseBadRingtonesAndWriteNothing_data();
+    void shouldRefuseBadRingtonesAndWriteNothing();
+
+private:
+    QString media(const QString& relative) const { return m_media + "/" + relative; }
+    QString writeLibrary(const QString& name, const QByteArray& xml);
+    void useMainLibrary() { fx::useXmlLibrary(m_library); }
+
+    QTemporaryDir m_dir;
+    QString m_media;
+    QString m_library;
+    QByteArray m_cover;
+    QList<fx::XmlTrack> m_tracks;
+};
+
+QString TestItunesAgentXml::writeLibrary(const QString& name, const QByteArray& xml)
+{
+    const QString path = m_dir.filePath(name);
+    if (!fx::writeFile(path, xml))
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
+void TestItunesAgentXml::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+    m_media = m_dir.filePath("iTunes Media");
+    QVERIFY(QDir().mkpath(m_media));
+
+    // The first track exists, tagged and with a cover; the others are only
+    // named by the library, as in a library copied from another machine.
+    const QString eminem = media("Eminem/Relapse/01 3 A.M..mp3");
+    QVERIFY(fx::makeAudio(eminem, {"-c:a", "libmp3lame", "-b:a", "64k"}));
+    m_cover = fx::picture("JPEG", QColor(200, 30, 30), QSize(40, 30));
+    QVERIFY(fx::addPicture(eminem, m_cover, "image/jpeg"));
+
+    auto track = [](int id, const QString& name, const QString& artist, const QString& album,
+                    const QString& path) {
+        fx::XmlTrack t;
+        t.id = id;
+        t.name = name;
+        t.artist = artist;
+        t.album = album;
+        t.path = path;
+        return t;
+    };
+    m_tracks << track(101, "3 A.M.", "Eminem", "Relapse", eminem);
+    m_tracks[0].artworkCount = 1;
+    m_tracks << track(102, QString::fromUtf8("Jóga"), QString::fromUtf8("Björk"), "Homogenic",
+                      media(QString::fromUtf8("Björk/Homogenic/02 Jóga [live] #1 100%.mp3")));
+    m_tracks[1].localhost = false;
+    m_tracks << track(103, QString(), QString(), "Untitled Album",
+                      media("Misc/Nameless Track.m4a"));
+    m_tracks[2].artworkCount = 0;
+    m_tracks << track(104, "Clip", "Studio", "Shorts", media("Movies/Clip.m4v"));
+    m_tracks[3].video = true;
+    m_tracks << track(105, "Yesterday", "The Beatles", "Help!", media("Beatles/Yesterday.mp3"));
+    m_tracks << track(106, "Something", "The Beatles", "Abbey Road",
+                      media("Beatles/Something.mp3"));
+    m_tracks << track(107, "Beat It", "Michael Jackson", "Thriller", media("MJ/Beat It.mp3"));
+    m_tracks << track(108, "Song & <Dance>", "A & B", "Q&A", media("AB/Song.mp3"));
+
+    auto list = [](const QString& name, int kind, const QList<int>& items) {
+        fx::XmlPlaylist p;
+        p.name = name;
+        p.kind = kind;
+        p.items = items;
+        return p;
+    };
+    QList<fx::XmlPlaylist> lists;
+    lists << list("Library", -1, {101, 102, 103, 104, 105, 106, 107, 108});
+    lists.last().master = true;
+    lists.last().hidden = true;
+    lists << list("Music", 4, {101, 102, 103, 105, 106, 107, 108});
+    lists << list("Movies", 2, {104});
+    lists << list("TV Shows", 3, {});
+    lists << list("Podcasts", 10, {});
+    lists << list("Purchased", 19, {105});
+    lists << list("iTunes DJ", 22, {});
+    lists << list("Genius", 26, {});
+    lists << list("Odd Kind", 7, {101});
+    lists << list("Hidden Built-in", 4, {101});
+    lists.last().hidden = true;
+    lists << list("Road Trip", -1, {107, 105, 101});
+    lists << list("Secret", -1, {101});
+    lists.last().hidden = true;
+    lists << list("Recently Added", -1, {106});
+    lists.last().smart = true;
+    lists << list("Mixes", -1, {});
+    lists.last().folder = true;
+    lists.last().id = "F1";
+    lists << list("Mix A", -1, {105, 106});
+    lists.last().parent = "F1";
+    lists << list("Mix B", -1, {106, 107});
+    lists.last().parent = "F1";
+    lists << list("Dangling", -1, {101, 999});
+    m_library = writeLibrary("library.xml", fx::libraryXml(m_media, m_tracks, lists));
+}
+
+void TestItunesAgentXml::init()
+{
+    fx::captureAgentLog();
+    useMainLibrary();
+}
+
+void TestItunesAgentXml::cleanupTestCase()
+{
+    ItunesAgentSetLogger(nullptr, nullptr);
+    fx::useFolderLibrary();
+}
+
+void TestItunesAgentXml::shouldListBuiltInPlaylistsInCollectionZeroWithTheirKinds()
+{
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
+    // The master and hidden playlists are left out; the ringtones playlist
+    // comes last because this library has none of its own.
+    const QStringList names{"Music",     "Movies", "TV Shows", "Podcasts", "Purchased",
+                            "iTunes DJ", "Genius", "Odd Kind", "Ringtones"};
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_LIBRARY), names);
+    const QList<int> kinds{4, 2, 3, 10, 19, 22, 26, 7, 55};
+    for (int i = 0; i < kinds.size(); ++i)
+        QCOMPARE(fx::playlistKind(ITA_COLLECTION_LIBRARY, i), kinds[i]);
+}
+
+void TestItunesAgentXml::shouldListUserPlaylistsFoldersAndSmartOnesInCollectionTwo()
+{
+    const QStringList names{"Road Trip", "Recently Added", "Mixes", "Mix A", "Mix B", "Dangling"};
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_PLAYLISTS), names);
+    for (int i = 0; i < names.size(); ++i)
+        QCOMPARE(fx::playlistKind(ITA_COLLECTION_PLAYLISTS, i), int(ITA_KIND_USER));
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 0),
+             QStringList({"Beat It", "Yesterday", "3 A.M."}));
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 1), QStringList({"Something"}));
+}
+
+void TestItunesAgentXml::shouldLeaveCollectionOneEmpty()
+{
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_OTHER), 0);
+    QCOMPARE(OpenPlaylist(ITA_COLLECTION_OTHER, 0), nullptr);
+}
+
+void TestItunesAgentXml::shouldReadSongsWithDecodedLocations()
+{
+    const QList<fx::Song> music = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(music.size(), 7);
+    QCOMPARE(music[0].title, QString("3 A.M."));
+    QCOMPARE(music[0].artist, QString("Eminem"));
+    QCOMPARE(music[0].album, QString("Relapse"));
+    QCOMPARE(music[0].location, m_tracks[0].path);
+    QCOMPARE(music[0].video, 0);
+    // Non-ASCII letters, spaces, brackets, '#' and '%' come back decoded,
+    // from a "file:///" URL as from a "file://localhost/" one.
+    QCOMPARE(music[1].title, QString::fromUtf8("Jóga"));
+    QCOMPARE(music[1].artist, QString::fromUtf8("Björk"));
+    QCOMPARE(music[1].location, m_tracks[1].path);
+    QVERIFY(music[1].location.endsWith(QString::fromUtf8("02 Jóga [live] #1 100%.mp3")));
+    QCOMPARE(music[6].title, QString("Song & <Dance>"));
+    QCOMPARE(music[6].album, QString("Q&A"));
+
+    const QList<fx::Song> movies = fx::songsOf(ITA_COLLECTION_LIBRARY, 1);
+    QCOMPARE(movies.size(), 1);
+    QCOMPARE(movies[0].title, QString("Clip"));
+    QCOMPARE(movies[0].video, 1);
+}
+
+void TestItunesAgentXml::shouldTakeTheFileNameWhenATrackHasNoName()
+{
+    const QList<fx::Song> music = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(music[2].title, QString("Nameless Track"));
+    QCOMPARE(music[2].album, QString("Untitled Album"));
+}
+
+void TestItunesAgentXml::shouldReportZeroSizeForAnEmptyArtist()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    tagSongInfo info = {};
+    info.nArtistSize = 99;
+    QCOMPARE(GetSongInfo(h, 2, &info), int(ITA_OK));
+    QCOMPARE(info.nArtistSize, 0);
+    QVERIFY(info.nTitleSize > 0);
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+}
+
+void TestItunesAgentXml::shouldFillSizesFirstAndTextsSecond()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    tagSongInfo info = {};
+    QCOMPARE(GetSongInfo(h, 1, &info), int(ITA_OK));
+    QCOMPARE(info.nTitleSize, int(QString::fromUtf8("Jóga").toUtf8().size()) + 1);
+    QCOMPARE(info.nArtistSize, int(QString::fromUtf8("Björk").toUtf8().size()) + 1);
+    QCOMPARE(info.nAlbumSize, 10);
+    QCOMPARE(info.nLocationSize, int(m_tracks[1].path.toUtf8().size()) + 1);
+    QVERIFY(!info.pszTitle && !info.pszArtist);
+
+    std::vector<char> title(info.nTitleSize, 'x'), artist(info.nArtistSize, 'x');
+    info.pszTitle = title.data();
+    info.pszArtist = artist.data();
+    info.bVideo = 7;
+    QCOMPARE(GetSongInfo(h, 1, &info), int(ITA_OK));
+    QCOMPARE(QString::fromUtf8(title.data()), QString::fromUtf8("Jóga"));
+    QCOMPARE(QString::fromUtf8(artist.data()), QString::fromUtf8("Björk"));
+    QCOMPARE(info.bVideo, 0);
+    // Fields left without a buffer get their sizes again.
+    QCOMPARE(info.nAlbumSize, 10);
+    ClosePlaylist(h);
+}
+
+void TestItunesAgentXml::shouldTerminateATextCutByASmallBuffer()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    char title[4] = {'x', 'x', 'x', 'x'};
+    tagSongInfo info = {};
+    info.pszTitle = title;
+    info.nTitleSize = sizeof title;
+    QCOMPARE(GetSongInfo(h, 0, &info), int(ITA_OK));
+    QCOMPARE(QByteArray(title), QByteArray("3 A"));
+    ClosePlaylist(h);
+}
+
+void TestItunesAgentXml::shouldListTheSongsOfAFolderFromItsPlaylists()
+{
+    const int mixes = fx::findPlaylist(ITA_COLLECTION_PLAYLISTS, "Mixes");
+    QVERIFY(mixes >= 0);
+    // Each song once, in the order the child playlists name them.
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, mixes),
+             QStringList({"Yesterday", "Something", "Beat It"}));
+}
+
+void TestItunesAgentXml::shouldLeaveOutItemsOfUnknownTracks()
+{
+    const int dangling = fx::findPlaylist(ITA_COLLECTION_PLAYLISTS, "Dangling");
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, dangling), QStringList({"3 A.M."}));
+    QVERIFY(fx::loggedLine("1 playlist items name no known track"));
+}
+
+void TestItunesAgentXml::shouldRefuseClosedAndMadeUpHandles()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    QCOMPARE(GetSongCount(h), 7);
+    void* art = OpenArtwork(h, 0);
+    QVERIFY(art);
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+
+    QCOMPARE(GetSongCount(h), int(ITA_E_HANDLE));
+    QCOMPARE(GetPlaylistKind(h), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(h), int(ITA_E_HANDLE));
+    QCOMPARE(OpenArtwork(h, 0), nullptr);
+    tagSongInfo info = {};
+    info.nTitleSize = 1234;
+    QCOMPARE(GetSongInfo(h, 0, &info), int(ITA_E_HANDLE));
+    QCOMPARE(info.nTitleSize, 1234); // left as it was
+
+    // An artwork handle is no playlist handle, and the other way round.
+    QCOMPARE(GetSongCount(art), int(ITA_E_HANDLE));
+    void* other = OpenPlaylist(ITA_COLLECTION_LIBRARY, 1);
+    QCOMPARE(GetArtworkCount(other), int(ITA_E_HANDLE));
+    ClosePlaylist(other);
+    QCOMPARE(CloseArtwork(art), int(ITA_OK));
+    QCOMPARE(CloseArtwork(art), int(ITA_E_HANDLE));
+    QCOMPARE(GetArtworkCount(art), int(ITA_E_HANDLE));
+    tagArtworkInfo artInfo = {};
+    QCOMPARE(GetArtworkInfo(art, 0, &artInfo), int(ITA_E_HANDLE));
+
+    const void* madeUp = reinterpret_cast<const void*>(uintptr_t(0x12345678));
+    QCOMPARE(GetSongCount(madeUp), int(ITA_E_HANDLE));
+    QCOMPARE(GetSongCount(nullptr), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(nullptr), int(ITA_E_HANDLE));
+    QCOMPARE(CloseArtwork(nullptr), int(ITA_E_HANDLE));
+}
+
+void TestItunesAgentXml::shouldRefuseOutOfRangePositions_data()
+{
+    QTest::addColumn<int>("collection");
+    QTest::addColumn<int>("position");
+    QTest::newRow("negative position") << 0 << -1;
+    QTest::newRow("past the last playlist") << 0 << 9;
+    QTest::newRow("far past the last") << 2 << 1000000;
+    QTest::newRow("collection 3") << 3 << 0;
+    QTest::newRow("negative collection") << -1 << 0;
+}
+
+void TestItunesAgentXml::shouldRefuseOutOfRangePositions()
+{
+    QFETCH(int, collection);
+    QFETCH(int, position);
+    QCOMPARE(OpenPlaylist(collection, position), nullptr);
+    char buffer[8];
+    QCOMPARE(GetPlaylistName(collection, position, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetPlaylistName(collection, position, buffer, sizeof buffer), int(ITA_E_ARGUMENT));
+
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    tagSongInfo info = {};
+    QCOMPARE(GetSongInfo(h, -1, &info), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongInfo(h, 7, &info), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongInfo(h, 0, nullptr), int(ITA_E_ARGUMENT));
+    QCOMPARE(OpenArtwork(h, 7), nullptr);
+    void* art = OpenArtwork(h, 0);
+    tagArtworkInfo artInfo = {};
+    QCOMPARE(GetArtworkInfo(art, 1, &artInfo), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetArtworkInfo(art, -1, &artInfo), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetArtworkInfo(art, 0, nullptr), int(ITA_E_ARGUMENT));
+    CloseArtwork(art);
+    ClosePlaylist(h);
+    QCOMPARE(GetPlaylistCount(3), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetPlaylistCount(-1), int(ITA_E_ARGUMENT));
+}
+
+void TestItunesAgentXml::shouldSearchFieldsCaseInsensitivelyInLibraryOrder_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("artist");
+    QTest::addColumn<QString>("album");
+    QTest::addColumn<QStringList>("hits");
+    QTest::newRow("title") << "beat"
+                           << ""
+                           << "" << QStringList{"Beat It"};
+    QTest::newRow("artist in capitals") << ""
+                                        << "BEATLES"
+                                        << "" << QStringList{"Yesterday", "Something"};
+    QTest::newRow("album") << ""
+                           << ""
+                           << "road" << QStringList{"Something"};
+    QTest::newRow("title or album") << "HELP"
+                                    << ""
+                                    << "help" << QStringList{"Yesterday"};
+    QTest::newRow("non-ASCII artist")
+        << "" << QString::fromUtf8("BJÖRK") << "" << QStringList{QString::fromUtf8("Jóga")};
+    QTest::newRow("non-ASCII title") << QString::fromUtf8("JÓGA") << ""
+                                     << "" << QStringList{QString::fromUtf8("Jóga")};
+    QTest::newRow("two fields, one hit") << "something"
+                                         << ""
+                                         << "abbey" << QStringList{"Something"};
+    QTest::newRow("several fields, library order")
+        << "3 a.m."
+        << "michael"
+        << "help" << QStringList{"3 A.M.", "Yesterday", "Beat It"};
+    QTest::newRow("markup characters") << "& <dance>"
+                                       << ""
+                                       << "" << QStringList{"Song & <Dance>"};
+    QTest::newRow("title from the file name") << "nameless"
+                                              << ""
+                                              << "" << QStringList{"Nameless Track"};
+    QTest::newRow("no match") << "zzz"
+                              << ""
+                              << "" << QStringList{};
+    QTest::newRow("empty query") << ""
+                                 << ""
+                                 << "" << QStringList{};
+}
+
+void TestItunesAgentXml::shouldSearchFieldsCaseInsensitivelyInLibraryOrder()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, artist);
+    QFETCH(QString, album);
+    QFETCH(QStringList, hits);
+    QByteArray t = title.toUtf8(), a = artist.toUtf8(), b = album.toUtf8();
+    tagSongInfo query = {};
+    query.pszTitle = t.data();
+    query.nTitleSize = int(t.size()) + 1;
+    query.pszArtist = a.data();
+    query.nArtistSize = int(a.size()) + 1;
+    query.pszAlbum = b.data();
+    query.nAlbumSize = int(b.size()) + 1;
+    fx::SearchHits found;
+    QCOMPARE(SearchSong(&query, &fx::collectHit, &found), int(hits.size()));
+    QCOMPARE(found.titles, hits);
+}
+
+void TestItunesAgentXml::shouldReadAnArtistQueryUpToItsSize()
+{
+    // No terminator: the size alone ends the text.
+    char artist[7] = {'b', 'e', 'a', 't', 'l', 'e', 's'};
+    char trailing[] = "beatlesXYZ";
+    tagSongInfo query = {};
+    query.pszArtist = artist;
+    query.nArtistSize = sizeof artist;
+    fx::SearchHits found;
+    QCOMPARE(SearchSong(&query, &fx::collectHit, &found), 2);
+    QCOMPARE(found.titles, QStringList({"Yesterday", "Something"}));
+
+    query.pszArtist = trailing;
+    fx::SearchHits again;
+    QCOMPARE(SearchSong(&query, &fx::collectHit, &again), 2);
+}
+
+void TestItunesAgentXml::shouldStopSearchingWhenTheCallbackSaysSo()
+{
+    char album[] = "e";
+    tagSongInfo query = {};
+    query.pszAlbum = album;
+    query.nAlbumSize = sizeof album;
+    fx::SearchHits all;
+    const int total = SearchSong(&query, &fx::collectHit, &all);
+    QVERIFY(total >= 3);
+    fx::SearchHits first;
+    first.stopAfter = 2;
+    QCOMPARE(SearchSong(&query, &fx::collectHit, &first), 2);
+    QCOMPARE(first.titles, all.titles.mid(0, 2));
+}
+
+void TestItunesAgentXml::shouldRefuseASearchWithoutQueryOrCallback()
+{
+    tagSongInfo query = {};
+    fx::SearchHits found;
+    QCOMPARE(SearchSong(nullptr, &fx::collectHit, &found), int(ITA_E_ARGUMENT));
+    QCOMPARE(SearchSong(&query, nullptr, &found), int(ITA_E_ARGUMENT));
+}
+
+void TestItunesAgentXml::shouldReadArtworkFromTheTracksFile()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    void* art = OpenArtwork(h, 0);
+    QVERIFY(art);
+    QCOMPARE(GetArtworkCount(art), 1);
+    tagArtworkInfo info = {};
+    QCOMPARE(GetArtworkInfo(art, 0, &info), int(ITA_OK));
+    QCOMPARE(info.nDataSize, int(m_cover.size()));
+    QByteArray data(info.nDataSize, '\0');
+    info.pData = data.data();
+    QCOMPARE(GetArtworkInfo(art, 0, &info), int(ITA_OK));
+    QCOMPARE(data, m_cover);
+    QCOMPARE(QImage::fromData(data).size(), QSize(40, 30));
+    CloseArtwork(art);
+
+    // The library names a picture, but the file is not there: an empty
+    // artwork, and no second try.
+    void* missing = OpenArtwork(h, 4);
+    QVERIFY(missing);
+    QCOMPARE(GetArtworkCount(missing), 0);
+    CloseArtwork(missing);
+    QCOMPARE(OpenArtwork(h, 4), nullptr);
+    ClosePlaylist(h);
+}
+
+void TestItunesAgentXml::shouldOpenNoArtworkForATrackKnownToHaveNone()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(OpenArtwork(h, 2), nullptr); // "Artwork Count" 0
+    ClosePlaylist(h);
+}
+
+void TestItunesAgentXml::shouldRefuseOpeningPlaylistsBeyondTheHandleLimit()
+{
+    QCOMPARE(ItunesAgentSetHandleLimit(3), 65536);
+    void* a = OpenPlaylist(0, 0);
+    void* b = OpenPlaylist(0, 1);
+    void* c = OpenPlaylist(0, 2);
+    QVERIFY(a && b && c);
+    QCOMPARE(OpenPlaylist(0, 3), nullptr);
+    QVERIFY(fx::loggedLine("3 handles are open"));
+    QCOMPARE(GetPlaylistName(0, 3, nullptr, 0), int(strlen("Podcasts")) + 1);
+    ClosePlaylist(b);
+    void* d = OpenPlaylist(0, 3);
+    QVERIFY(d);
+    QCOMPARE(GetPlaylistKind(d), 10);
+    ClosePlaylist(a);
+    ClosePlaylist(c);
+    ClosePlaylist(d);
+    QCOMPARE(ItunesAgentSetHandleLimit(0), 3);
+}
+
+void TestItunesAgentXml::shouldKeepOnlyTheNewestArtworkHandles()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    std::vector<void*> handles;
+    for (int i = 0; i < 65; ++i)
+        handles.push_back(OpenArtwork(h, 0));
+    QCOMPARE(GetArtworkCount(handles.front()), int(ITA_E_HANDLE));
+    QCOMPARE(GetArtworkCount(handles[1]), 1);
+    QCOMPARE(GetArtworkCount(handles.back()), 1);
+    for (void* art : handles)
+        CloseArtwork(art);
+    ClosePlaylist(h);
+}
+
+void TestItunesAgentXml::shouldCountCallsAndForgetEverythingOnReset()
+{
+    void* h = OpenPlaylist(0, 0);
+    fx::songOf(h, 0);
+    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), 2ul);
+    QCOMPARE(ItunesAgentCallCount("OpenPlaylist"), 1ul);
+    QCOMPARE(ItunesAgentCallCount(nullptr), 3ul);
+    QCOMPARE(ItunesAgentCallCount("NoSuchCall"), 0ul);
+    QCOMPARE(ItunesAgentBackend(), int(ITA_BACKEND_XML));
+
+    ItunesAgentReset();
+    QCOMPARE(ItunesAgentBackend(), int(ITA_BACKEND_NONE));
+    QCOMPARE(ItunesAgentCallCount(nullptr), 0ul);
+    QCOMPARE(GetSongCount(h), int(ITA_E_HANDLE)); // opened before the reset
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_LIBRARY), 9); // loads the library again
+    QCOMPARE(ItunesAgentBackend(), int(ITA_BACKEND_XML));
+}
+
+void TestItunesAgentXml::shouldReadTheRealMacLibrary()
+{
+    fx::useXmlLibrary(TW_SHARED_DATA_DIR "/itunes-library-mac.xml");
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_LIBRARY),
+             QStringList(
+                 {"Music", "Movies", "TV Shows", "Podcasts", "Genius", "iTunes DJ", "Ringtones"}));
+    const QList<int> kinds{4, 2, 3, 10, 26, 22, 55};
+    for (int i = 0; i < kinds.size(); ++i)
+        QCOMPARE(fx::playlistKind(ITA_COLLECTION_LIBRARY, i), kinds[i]);
+    QCOMPARE(
+        fx::playlistNames(ITA_COLLECTION_PLAYLISTS),
+        QStringList({QString::fromUtf8("90’s Music"), "Classical Music", "Music Videos",
+                     "My Top Rated", "Recently Added", "Recently Played", "Top 25 Most Played"}));
+
+    const QList<fx::Song> music = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(music.size(), 21);
+    QCOMPARE(music[0].title, QString("People Are Crazy"));
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 1).size(), 2);
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 3).size(), 32);
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 2).size(), 0);
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 0),
+             QStringList({"Point Blank", "Don't Let Our Love Start Slippin' Away"}));
+
+    // Library order is the order of the "Tracks" dictionary.
+    char eminem[] = "eminem";
+    tagSongInfo query = {};
+    query.pszArtist = eminem;
+    query.nArtistSize = sizeof eminem;
+    fx::SearchHits found;
+    QCOMPARE(SearchSong(&query, &fx::collectHit, &found), 2);
+    QCOMPARE(found.titles, QStringList({"3 A.M. [Explicit]", "Beautiful [Explicit]"}));
+
+    // Titles or albums holding "the".
+    char the[] = "the";
+    tagSongInfo titleOrAlbum = {};
+    titleOrAlbum.pszTitle = the;
+    titleOrAlbum.nTitleSize = sizeof the;
+    titleOrAlbum.pszAlbum = the;
+    titleOrAlbum.nAlbumSize = sizeof the;
+    fx::SearchHits theHits;
+    QCOMPARE(SearchSong(&titleOrAlbum, &fx::collectHit, &theHits), 34);
+
+    // The first track: entities and percent escapes decoded.
+
+    struct First
+    {
+        fx::Song song;
+    } first;
+    char explicitTitle[] = "3 A.M. [Explicit]";
+    tagSongInfo byTitle = {};
+    byTitle.pszTitle = explicitTitle;
+    byTitle.nTitleSize = sizeof explicitTitle;
+    SearchSong(
+        &byTitle,
+        [](const void* playlist, int song, void* user) {
+            static_cast<First*>(user)->song = fx::songOf(playlist, song);
+            return 0;
+        },
+        &first);
+    QCOMPARE(first.song.location,
+             QString("/Users/cervantes_vive/Music/iTunes/iTunes Music/Eminem/3 A.M. [Explicit]/"
+                     "01 3 A.M. [Explicit].mp3"));
+    QCOMPARE(first.song.artist, QString("Eminem"));
+
+    // Video podcasts carry "Has Video".
+    int videos = 0;
+    for (const fx::Song& s : fx::songsOf(ITA_COLLECTION_LIBRARY, 3))
+        videos += s.video;
+    QVERIFY(videos > 0);
+    for (const fx::Song& s : fx::songsOf(ITA_COLLECTION_LIBRARY, 1))
+        QCOMPARE(s.video, 1);
+}
+
+void TestItunesAgentXml::shouldReadTheRealWindowsLibrary()
+{
+    fx::useXmlLibrary(TW_SHARED_DATA_DIR "/itunes-library-windows.xml");
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
+    const QList<fx::Song> music = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(music.size(), 6);
+    QCOMPARE(music[0].title, QString("Sleep Away"));
+    QCOMPARE(music[1].title,
+             QString("Run This Town [Jay-Z, Rihanna, & Kanye West] (Explicit Album Version)"));
+    bool kalimba = false;
+    for (const fx::Song& s : music)
+        kalimba = kalimba || s.location == "C:/Users/Public/Music/Sample Music/Kalimba.mp3";
+    QVERIFY(kalimba);
+    const int classical = fx::findPlaylist(ITA_COLLECTION_PLAYLISTS, "Classical Music");
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, classical),
+             QStringList({"Maid with the Flaxen Hair"}));
+}
+
+void TestItunesAgentXml::shouldFallBackToFoldersWhenTheFileCannotBeUsed_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QString>("why");
+    const QByteArray head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n";
+    const QByteArray tracksHead = head + "<dict><key>Tracks</key><dict><key>1</key><dict>";
+    const QByteArray tracksTail = "</dict></dict></dict></plist>\n";
+    const QByteArray good = fx::libraryXml(QString(), {}, {});
+
+    QTest::newRow("truncated") << good.left(good.size() / 2) << "end of file";
+    QTest::newRow("mismatched tags")
+        << head + "<dict><key>Tracks</key><dict></array></dict></plist>"
+        << "</array>";
+    QTest::newRow("undefined entity")
+        << tracksHead + "<key>Name</key><string>a &bogus; b</string>" + tracksTail
+        << "undefined entity &bogus;";
+    QTest::newRow("bad character reference")
+        << tracksHead + "<key>Name</key><string>&#xD800;</string>" + tracksTail
+        << "invalid character reference";
+    QTest::newRow("text between values")
+        << head + "<dict>hello<key>Tracks</key><dict/></dict></plist>"
+        << "unexpected text";
+    QTest::newRow("element inside a string")
+        << tracksHead + "<key>Name</key><string>a<b/></string>" + tracksTail
+        << "element <b> inside <string>";
+    QTest::newRow("binary property list") << QByteArray("bplist00\xd1\x01\x02", 11) << "binary";
+    QTest::newRow("empty file") << QByteArray() << "empty document";
+    QTest::newRow("root is not plist") << QByteArray("<html><body/></html>") << "<html>";
+    QTest::newRow("unterminated comment") << head + "<!-- never closed"
+                                          << "unterminated comment";
+    QTest::newRow("key without value") << head + "<dict><key>Tracks</key></dict></plist>"
+                                       << "without a value";
+    QTest::newRow("two root values")
+        << head + "<dict><key>Tracks</key><dict/></dict><dict/></plist>"
+        << "<plist> not closed";
+    QTest::newRow("content after the end") << good + "<extra/>"
+                                           << "content after </plist>";
+    QTest::newRow("no Tracks") << head + "<dict/></plist>"
+                               << "no \"Tracks\"";
+    QTest::newRow("Tracks is an array") << head + "<dict><key>Tracks</key><array/></dict></plist>"
+                                        << "\"Tracks\" is <array>, expected <dict>";
+    QTest::newRow("Playlists is a dict")
+        << head + "<dict><key>Tracks</key><dict/><key>Playlists</key><dict/></dict></plist>"
+        << "\"Playlists\" is <dict>";
+    QTest::newRow("track is a string")
+        << head + "<dict><key>Tracks</key><dict><key>1</key><string>x</string></dict></dict>"
+                  "</plist>"
+        << "track 1 is <string>";
+    QTest::newRow("Track ID is a string")
+        << tracksHead + "<key>Track ID</key><string>1</string>" + tracksTail
+        << "\"Track ID\" is <string>, expected <integer>";
+    QTest::newRow("Track ID is no number")
+        << tracksHead + "<key>Track ID</key><integer>12a</integer>" + tracksTail
+        << "<integer> holding \"12a\"";
+    QTest::newRow("Name is an integer")
+        << tracksHead + "<key>Name</key><integer>5</integer>" + tracksTail
+        << "\"Name\" is <integer>, expected <string>";
+    QTest::newRow("Location is a date")
+        << tracksHead + "<key>Location</key><date>2009-08-23T18:53:07Z</date>" + tracksTail
+        << "\"Location\" is <date>";
+    QTest::newRow("Has Video is a string")
+        << tracksHead + "<key>Has Video</key><string>yes</string>" + tracksTail
+        << "expected <true/> or <false/>";
+    QTest::newRow("Visible is a string")
+        << head + "<dict><key>Tracks</key><dict/><key>Playlists</key><array><dict>"
+                  "<key>Visible</key><string>no</string></dict></array></dict></plist>"
+        << "\"Visible\" is <string>";
+    QTest::newRow("Distinguished Kind is a string")
+        << head + "<dict><key>Tracks</key><dict/><key>Playlists</key><array><dict>"
+                  "<key>Distinguished Kind</key><string>4</string></dict></array></dict></plist>"
+        << "\"Distinguished Kind\" is <string>";
+    QTest::newRow("Playlist Items is a dict")
+        << head + "<dict><key>Tracks</key><dict/><key>Playlists</key><array><dict>"
+                  "<key>Playlist Items</key><dict/></dict></array></dict></plist>"
+        << "\"Playlist Items\" is <dict>";
+    QTest::newRow("playlist item Track ID is a string")
+        << head + "<dict><key>Tracks</key><dict/><key>Playlists</key><array><dict>"
+                  "<key>Playlist Items</key><array><dict><key>Track ID</key><string>1</string>"
+                  "</dict></array></dict></array></dict></plist>"
+        << "\"Track ID\" is <string>";
+    QByteArray deep = head + "<dict><key>Tracks</key><dict/><key>Deep</key>";
+    deep += QByteArray("<array>").repeated(100) + QByteArray("</array>").repeated(100);
+    deep += "</dict></plist>";
+    QTest::newRow("nested too deeply") << deep << "nested too deeply";
+}
+
+void TestItunesAgentXml::shouldFallBackToFoldersWhenTheFileCannotBeUsed()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(QString, why);
+    const QString path = writeLibrary(QString("broken-%1.xml").arg(QTest::currentDataTag()), xml);
+    fx::useXmlLibrary(path);
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_FOLDER));
+    QVERIFY2(fx::loggedLine("could not be read"), qPrintable(fx::agentLines().join('\n')));
+    QVERIFY2(fx::loggedLine(why), qPrintable(fx::agentLines().join('\n')));
+    // The folder library answers as usual.
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_LIBRARY),
+             QStringList({"Music", "Movies", "Ringtones"}));
+}
+
+void TestItunesAgentXml::shouldIgnoreUnusedKeysOfAnyType()
+{
+    const QByteArray xml =
+        "<?xml version=\"1.0\"?><!-- written by hand -->\n"
+        "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"x.dtd\" [ <!ENTITY e \"x\"> ]>\n"
+        "<plist version=\"1.0\"><dict>"
+        "<key>Features</key><string>five</string>"
+        "<key>Tracks</key><dict><key>7</key><dict>"
+        "<key>Comments</key><integer>12</integer>"
+        "<key>Rating</key><array><real>1.5</real><data>AA==</data></array>"
+        "<key>Name</key><string><![CDATA[a <cdata> title]]></string>"
+        "<key>Artist</key><string>caf&#xE9; &#233;&amp;&lt;&gt;&quot;&apos;</string>"
+        "<key>Disabled</key><true></true>"
+        "</dict></dict>"
+        "<key>Playlists</key><array><dict><key>Name</key><string>Only</string>"
+        "<key>Playlist Items</key><array><dict><key>Track ID</key><integer>7</integer>"
+        "<key>Extra</key><dict/></dict></array></dict></array>"
+        "</dict></plist>\n<!-- the end -->\n";
+    fx::useXmlLibrary(writeLibrary("lenient.xml", xml));
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
+    const QList<fx::Song> songs = fx::songsOf(ITA_COLLECTION_PLAYLISTS, 0);
+    QCOMPARE(songs.size(), 1);
+    QCOMPARE(songs[0].title, QString("a <cdata> title"));
+    QCOMPARE(songs[0].artist, QString::fromUtf8("café é&<>\"'"));
+}
+
+void TestItunesAgentXml::shouldAppendRingtoneIntoTheAutomaticallyAddFolder()
+{
+    const QString mediaFolder = m_dir.filePath("auto/iTunes Media");
+    const QString autoAdd = mediaFolder + "/Automatically Add to iTunes";
+    QVERIFY(QDir().mkpath(autoAdd));
+    fx::useXmlLibrary(writeLibrary("auto.xml", fx::libraryXml(mediaFolder, m_tracks, {})));
+    const int ringtones = fx::findPlaylist(ITA_COLLECTION_LIBRARY, "Ringtones");
+    QVERIFY(ringtones >= 0);
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, ringtones).size(), 0);
+    char dir[512];
+    QVERIFY(ItunesAgentGetRingtoneDir(dir, sizeof dir) > 0);
+    QCOMPARE(QString::fromUtf8(dir), autoAdd);
+
+    const QString source = m_dir.filePath(QString::fromUtf8("made/Mÿ Tone.m4r"));
+    QVERIFY(fx::makeRingtone(source));
+    QVERIFY(fx::setTags(source, "My Tone", "Me", "Ringtones"));
+    const QByteArray before = fx::sha1(source);
+
+    QCOMPARE(AppendRingtone(QFile::encodeName(source).constData()), int(ITA_OK));
+    const QString target = autoAdd + QString::fromUtf8("/Mÿ Tone.m4r");
+    QVERIFY(QFileInfo::exists(target));
+    QCOMPARE(fx::sha1(target), before);
+    QList<fx::Song> songs = fx::songsOf(ITA_COLLECTION_LIBRARY, ringtones);
+    QCOMPARE(songs.size(), 1);
+    QCOMPARE(songs[0].title, QString("My Tone"));
+    QCOMPARE(songs[0].location, target);
+
+    // Same name again, new content: replaced, not added twice.
+    QVERIFY(fx::setTags(source, "My Tone 2", "Me", "Ringtones"));
+    const QByteArray second = fx::sha1(source);
+    QCOMPARE(AppendRingtone(QFile::encodeName(source).constData()), int(ITA_OK));
+    songs = fx::songsOf(ITA_COLLECTION_LIBRARY, ringtones);
+    QCOMPARE(songs.size(), 1);
+    QCOMPARE(songs[0].title, QString("My Tone 2"));
+    QCOMPARE(fx::sha1(target), second);
+    QCOMPARE(fx::sha1(source), second);
+    QCOMPARE(QDir(autoAdd).entryList(QDir::Files | QDir::Hidden).size(), 1);
+
+    // Found by a search like any other track.
+    char tone[] = "my tone";
+    tagSongInfo query = {};
+    query.pszTitle = tone;
+    query.nTitleSize = sizeof tone;
+    fx::SearchHits hits;
+    QCOMPARE(SearchSong(&query, &fx::collectHit, &hits), 1);
+}
+
+void TestItunesAgentXml::shouldAppendRingtoneIntoMusicRingtonesWithoutThatFolder()
+{
+    const QString mediaFolder = m_dir.filePath("plain/iTunes Media");
+    QVERIFY(QDir().mkpath(mediaFolder));
+    fx::useXmlLibrary(writeLibrary("plain.xml", fx::libraryXml(mediaFolder, m_tracks, {})));
+    const QString place =
+        QStandardPaths::writableLocation(QStandardPaths::MusicLocation) + "/Ringtones";
+    QVERIFY(place.startsWith(tw::testHome()));
+    char dir[512];
+    ItunesAgentGetRingtoneDir(dir, sizeof dir);
+    QCOMPARE(QString::fromUtf8(dir), place);
+
+    const QString source = m_dir.filePath("made/Plain.m4r");
+    QVERIFY(fx::makeRingtone(source));
+    const QByteArray before = fx::sha1(source);
+    const QDateTime modified = QFileInfo(source).lastModified();
+    QCOMPARE(AppendRingtone(QFile::encodeName(source).constData()), int(ITA_OK));
+    QVERIFY(QFileInfo::exists(place + "/Plain.m4r"));
+    QCOMPARE(fx::sha1(source), before);
+    QCOMPARE(QFileInfo(source).lastModified(), modified);
+    const int ringtones = fx::findPlaylist(ITA_COLLECTION_LIBRARY, "Ringtones");
+    QVERIFY(fx::titlesOf(ITA_COLLECTION_LIBRARY, ringtones).contains("Plain"));
+    QVERIFY(fx::loggedLine("ringtone added: " + place + "/Plain.m4r"));
+}
+
+void TestItunesAgentXml::shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPlaylist()
+{
+    const QString mediaFolder = m_dir.filePath("merge/iTunes Media");
+    const QString autoAdd = mediaFolder + "/Automatically Add to iTunes";
+    QVERIFY(fx::makeRingtone(autoAdd + "/Beep.m4r"));
+    QVERIFY(fx::makeRingtone(autoAdd + "/Listed.m4r"));
+    QVERIFY(fx::writeFile(autoAdd + "/notes.txt", "not a ringtone"));
+    QList<fx::XmlTrack> tracks = m_tracks;
+    fx::XmlTrack listed;
+    listed.id = 300;
+    listed.name = "Listed Tone";
+    listed.path = autoAdd + "/Listed.m4r";
+    tracks << listed;
+    fx::XmlPlaylist own;
+    own.name = "Tones";
+    own.kind = 55;
+    own.items = {105, 300};
+    fx::useXmlLibrary(writeLibrary("merge.xml", fx::libraryXml(mediaFolder, tracks, {own})));
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_LIBRARY), QStringList({"Tones"}));
+    // The library's own items first; files already listed are not repeated.
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_LIBRARY, 0),
+             QStringList({"Yesterday", "Listed Tone", "Beep"}));
+}
+
+void TestItunesAgentXml::shouldRefuseBadRingtonesAndWriteNothing_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<int>("result");
+    QTest::newRow("missing file") << "absent/none.m4r" << QByteArray() << int(ITA_E_NOTFOUND);
+    QTest::newRow("a folder") << "folder.m4r/" << QByteArray() << int(ITA_E_NOTFOUND);
+    QTest::newRow("not .m4r") << "tone.mp3" << QByteArray("ID3") << int(ITA_E_FORMAT);
+    QTest::newRow("garbage .m4r") << "garbage.m4r" << QByteArray(4096, 'z') << int(ITA_E_FORMAT);
+    QTest::newRow("only dots") << "...m4r" << QByteArray("x") << int(ITA_E_FORMAT);
+}
+
+void TestItunesAgentXml::shouldRefuseBadRingtonesAndWriteNothing()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, content);
+    QFETCH(int, result);
+    const QString place = m_dir.filePath("refuse/iTunes Media/Automatically Add to iTunes");
+    QVERIFY(QDir().mkpath(place));
+    fx::useXmlLibrary(
+        writeLibrary("refuse.xml", fx::libraryXml(m_dir.filePath("refuse/iTunes Media"), {}, {})));
+    const QString path = m_dir.filePath("bad/" + file);
+    if (file.endsWith('/'))
+        QVERIFY(QDir().mkpath(path));
+    else if (!content.isEmpty())
+        QVERIFY(fx::writeFile(path, content));
+    QCOMPARE(AppendRingtone(QFile::encodeName(path).constData()), result);
+    QCOMPARE(QDir(place).entryList(QDir::Files | QDir::Hidden).size(), 0);
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 0).size(), 0);
+    if (!content.isEmpty())
+        QCOMPARE(fx::readFile(path), content);
+    QCOMPARE(AppendRingtone(nullptr), int(ITA_E_ARGUMENT));
+    QCOMPARE(AppendRingtone(""), int(ITA_E_ARGUMENT));
+}
+
+TW_TEST_MAIN(TestItunesAgentXml)
+#include "tst_itunesagentxml.moc"
