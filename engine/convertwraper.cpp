@@ -1,0 +1,96 @@
+#include "engine/convertwraper.h"
+
+#include "engine/timelinehelper.h"
+
+#include <QCoreApplication>
+#include <QMetaObject>
+
+#include <vexanotify.h>
+
+#include <cstring>
+
+namespace {
+
+// Runs the engine's progress calls on the GUI thread's event loop; with no
+// application object (its last moments) they run where they come from.
+void postToGuiThread(KeloTaskProc task, void* arg)
+{
+    QCoreApplication* app = QCoreApplication::instance();
+    if (!app) {
+        task(arg);
+        return;
+    }
+    QMetaObject::invokeMethod(
+        app, [task, arg] { task(arg); }, Qt::QueuedConnection);
+}
+
+} // namespace
+
+CConvertWraper::CConvertWraper() : m_timeline(CTimeLineHelper::getTimeline()), m_media(-1)
+{
+    KeloSetNotifyDispatcher(&postToGuiThread);
+}
+
+CConvertWraper::~CConvertWraper()
+{
+    if (m_media >= 0)
+        KeloRemoveMedia(m_timeline, m_media);
+}
+
+CConvertWraper* CConvertWraper::instance()
+{
+    static CConvertWraper wraper;
+    return &wraper;
+}
+
+int CConvertWraper::convertTo(const char* src, const char* dest, const char* format, int codec,
+                              int bitRate, IProgress* progress)
+{
+    return convertTo(src, dest, format, codec, bitRate, progress, 0, 0);
+}
+
+int CConvertWraper::convertTo(const char* src, const char* dest, const char* format, int codec,
+                              int bitRate, IProgress* progress, long long start, long long end)
+{
+    tagKeloMediaSrc source;
+    std::memset(&source, 0, sizeof source);
+    source.pszPath = src;
+    source.llStart = start;
+    source.llEnd = end;
+
+    // Only one item is ever on the timeline for conversion.
+    if (m_media >= 0) {
+        KeloRemoveMedia(m_timeline, m_media);
+        m_media = -1;
+    }
+    // Kept even when negative, so that the next call removes nothing.
+    m_media = KeloAddMedia2(m_timeline, &source, 0, 0);
+    if (m_media < 0)
+        return -1;
+
+    tagKeloRunParam param;
+    std::memset(&param, 0, sizeof param);
+    param.pUser = progress;
+    param.pfnNotify = &CConvertWraper::notifyProc;
+    param.nReserved8 = -1;
+    param.dReserved24 = 0.0;
+    param.dReserved32 = 0.0;
+    param.nAudioCodec = codec;
+    param.nAudioBitRate = bitRate;
+    param.nSampleRate = 44100;
+    param.nChannels = 2;
+    param.nBitsPerSample = 16;
+    param.pszFormat = format;
+    param.pszDest = dest;
+    if (KeloRun(m_timeline, &m_media, 1, &param) < 0)
+        return -2;
+    return 1;
+}
+
+bool CConvertWraper::notifyProc(tagKeloProgInfo* info, void* user)
+{
+    if (!user)
+        return false;
+    static_cast<IProgress*>(user)->setProgress(info->nProgress, info->nStatus);
+    return true;
+}

@@ -1,0 +1,40 @@
+#pragma once
+// CConvertWraper: the one place that drives a conversion. It puts one source
+// file (optionally one span of it) on the process's engine timeline and asks
+// the engine to render it into one file; progress comes back through the
+// caller's IProgress. A process-wide singleton built on first use and
+// destroyed at exit; called on the GUI thread. Its constructor has the engine
+// post progress calls to the GUI thread's event loop, so a job that ends at
+// once can never report its end before the progress pane starts to wait.
+
+#include "engine/iprogress.h"
+
+#include <vexa.h>
+
+class CConvertWraper
+{
+public:
+    static CConvertWraper* instance();
+
+    // 1 when the engine took the job, -1 when it refused the source, -2 when
+    // it refused to run. The container name is const so literals can be given.
+    int convertTo(const char* src, const char* dest, const char* format, int codec, int bitRate,
+                  IProgress* progress, long long start, long long end);
+    // The whole file (span 0..0).
+    int convertTo(const char* src, const char* dest, const char* format, int codec, int bitRate,
+                  IProgress* progress);
+
+    // The engine's progress callback: hands progress and status to the
+    // IProgress given as user pointer; false when there is none.
+    static bool notifyProc(tagKeloProgInfo* info, void* user);
+
+    ~CConvertWraper();
+    CConvertWraper(const CConvertWraper&) = delete;
+    CConvertWraper& operator=(const CConvertWraper&) = delete;
+
+private:
+    CConvertWraper();
+
+    int m_timeline;
+    int m_media;
+};
