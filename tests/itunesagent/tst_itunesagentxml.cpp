@@ -544,7 +544,7 @@ void TestItunesAgentXml::shouldCountCallsAndForgetEverythingOnReset()
     ItunesAgentReset();
     QCOMPARE(ItunesAgentBackend(), int(ITA_BACKEND_NONE));
     QCOMPARE(ItunesAgentCallCount(nullptr), 0ul);
-    QCOMPARE(GetSongCount(h), int(ITA_E_HANDLE)); // opened before the reset
+    QCOMPARE(GetSongCount(h), int(ITA_E_HANDLE));          // opened before the reset
     QCOMPARE(GetPlaylistCount(ITA_COLLECTION_LIBRARY), 9); // loads the library again
     QCOMPARE(ItunesAgentBackend(), int(ITA_BACKEND_XML));
 }
