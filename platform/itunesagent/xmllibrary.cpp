@@ -341,9 +341,15 @@ void XmlLibraryReader::build()
     size_t unknown = 0;
     for (size_t i = 0; i < m_raw.size(); ++i) {
         const RawPlaylist& p = m_raw[i];
-        if (p.master || !p.visible)
+        // A hidden ringtones playlist stays hidden, but is still the one that
+        // AppendRingtone fills, so that no second one appears.
+        const bool hiddenRingtones =
+            !p.master && !p.visible && p.hasKind && p.kind == ITA_KIND_RINGTONES;
+        if ((p.master || !p.visible) && !hiddenRingtones)
             continue;
-        const int collection = p.hasKind ? ITA_COLLECTION_LIBRARY : ITA_COLLECTION_PLAYLISTS;
+        const int collection = hiddenRingtones ? -1
+                               : p.hasKind     ? ITA_COLLECTION_LIBRARY
+                                               : ITA_COLLECTION_PLAYLISTS;
         const int kind = p.hasKind ? static_cast<int>(p.kind) : ITA_KIND_USER;
         const uint32_t index = m_lib.addPlaylist(collection, p.name, kind);
         std::vector<uint32_t>& items = m_lib.playlists[index].items;

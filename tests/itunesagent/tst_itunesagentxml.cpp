@@ -52,6 +52,7 @@ private slots:
     void shouldAppendRingtoneIntoTheAutomaticallyAddFolder();
     void shouldAppendRingtoneIntoMusicRingtonesWithoutThatFolder();
     void shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPlaylist();
+    void shouldKeepAHiddenRingtonesPlaylistHidden();
     void shouldRefuseBadRingtonesAndWriteNothing_data();
     void shouldRefuseBadRingtonesAndWriteNothing();
 
@@ -861,6 +862,25 @@ void TestItunesAgentXml::shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPl
     // The library's own items first; files already listed are not repeated.
     QCOMPARE(fx::titlesOf(ITA_COLLECTION_LIBRARY, 0),
              QStringList({"Yesterday", "Listed Tone", "Beep"}));
+}
+
+void TestItunesAgentXml::shouldKeepAHiddenRingtonesPlaylistHidden()
+{
+    const QString mediaFolder = m_dir.filePath("hidden/iTunes Media");
+    const QString autoAdd = mediaFolder + "/Automatically Add to iTunes";
+    QVERIFY(QDir().mkpath(autoAdd));
+    fx::XmlPlaylist tones;
+    tones.name = "Ringtones";
+    tones.kind = 55;
+    tones.hidden = true;
+    fx::useXmlLibrary(writeLibrary("hidden.xml", fx::libraryXml(mediaFolder, m_tracks, {tones})));
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_LIBRARY), 0);
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_PLAYLISTS), 0);
+    const QString source = m_dir.filePath("made/Hidden.m4r");
+    QVERIFY(fx::makeRingtone(source));
+    QCOMPARE(AppendRingtone(QFile::encodeName(source).constData()), int(ITA_OK));
+    QVERIFY(QFileInfo::exists(autoAdd + "/Hidden.m4r"));
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_LIBRARY), 0);
 }
 
 void TestItunesAgentXml::shouldRefuseBadRingtonesAndWriteNothing_data()

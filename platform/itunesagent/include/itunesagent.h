@@ -15,7 +15,10 @@
 // distinguished number (4 music, 2 movies, 3 TV shows, 10 podcasts,
 // 19 purchased, 22 DJ, 26 genius, 55 ringtones); 1 is empty; 2 holds the
 // user's playlists (smart ones and folders included), kind 0. The master
-// playlist and hidden playlists are not listed.
+// playlist and hidden playlists are not listed. Every library has a
+// ringtones playlist: the XML library's own (kind 55; when that one is
+// hidden it stays hidden) or else one made by the agent at the end of
+// collection 0.
 //
 // Texts are UTF-8. Variable-length texts use two passes: call once with null
 // buffer pointers (the agent fills the sizes, terminator included; 0 for an
