@@ -13,6 +13,10 @@
 #include <cstring>
 #include <new>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 // The engine's file layout: a canonical 44-byte header, then sample data.
 // Only the chunk id is checked; channel count, sample rate, bits per sample
 // and data size are read from their fixed offsets.
@@ -110,34 +114,73 @@ public:
     }
 
 private:
-    // A whole block in lanes of interleaved samples, branch-free so that the
-    // compiler turns it into packed min/max; lane l carries channel
-    // l % Channels.
+    // A whole block at once. Lanes hold interleaved samples, so lane l
+    // carries channel l % Channels; only the first channel is stored.
     void fullBlock(const unsigned char* p)
     {
-        constexpr int lanes = 64 / sizeof(T);
-        constexpr int values = kBlockFrames * Channels;
+        constexpr int lanes = 16 / sizeof(T);
         T lo[lanes];
         T hi[lanes];
-        std::memcpy(lo, p, sizeof lo);
-        std::memcpy(hi, p, sizeof hi);
-        for (int j = lanes; j < values; j += lanes) {
-            T v[lanes];
-            std::memcpy(v, p + j * sizeof(T), sizeof v);
+#if defined(__SSE2__)
+        constexpr int bytes = kBlockFrames * Channels * sizeof(T);
+        __m128i lo0 = load(p), lo1 = load(p + 16), lo2 = load(p + 32), lo3 = load(p + 48);
+        __m128i hi0 = lo0, hi1 = lo1, hi2 = lo2, hi3 = lo3;
+        for (int j = 64; j < bytes; j += 64) {
+            const __m128i v0 = load(p + j);
+            const __m128i v1 = load(p + j + 16);
+            const __m128i v2 = load(p + j + 32);
+            const __m128i v3 = load(p + j + 48);
+            lo0 = vmin(lo0, v0);
+            lo1 = vmin(lo1, v1);
+            lo2 = vmin(lo2, v2);
+            lo3 = vmin(lo3, v3);
+            hi0 = vmax(hi0, v0);
+            hi1 = vmax(hi1, v1);
+            hi2 = vmax(hi2, v2);
+            hi3 = vmax(hi3, v3);
+        }
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(lo), vmin(vmin(lo0, lo1), vmin(lo2, lo3)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(hi), vmax(vmax(hi0, hi1), vmax(hi2, hi3)));
+#else
+        for (int l = 0; l < lanes; ++l)
+            lo[l] = hi[l] = loadSample<T>(p + l * sizeof(T));
+        for (int j = lanes; j < kBlockFrames * Channels; j += lanes) {
             for (int l = 0; l < lanes; ++l) {
-                lo[l] = v[l] < lo[l] ? v[l] : lo[l];
-                hi[l] = v[l] > hi[l] ? v[l] : hi[l];
+                const T v = loadSample<T>(p + (j + l) * sizeof(T));
+                lo[l] = v < lo[l] ? v : lo[l];
+                hi[l] = v > hi[l] ? v : hi[l];
             }
         }
+#endif
         T mn = lo[0];
         T mx = hi[0];
         for (int l = Channels; l < lanes; l += Channels) {
             mn = lo[l] < mn ? lo[l] : mn;
             mx = hi[l] > mx ? hi[l] : mx;
         }
-        // Full blocks store the first channel only.
         storePair(mn, mx);
     }
+
+#if defined(__SSE2__)
+    static __m128i load(const unsigned char* p)
+    {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+    }
+    static __m128i vmin(__m128i a, __m128i b)
+    {
+        if constexpr (sizeof(T) == 1)
+            return _mm_min_epu8(a, b);
+        else
+            return _mm_min_epi16(a, b);
+    }
+    static __m128i vmax(__m128i a, __m128i b)
+    {
+        if constexpr (sizeof(T) == 1)
+            return _mm_max_epu8(a, b);
+        else
+            return _mm_max_epi16(a, b);
+    }
+#endif
 
     void oneFrame(const unsigned char* p)
     {
@@ -442,6 +485,10 @@ int WaveHelperInit(const char* path, tagWaveInfo* info)
     FILE* file = std::fopen(path, "r+b");
     if (!file)
         return -1;
+    // Unbuffered: every access is the header or a whole chunk, and stdio's
+    // small buffer would only split each 32 KiB read into two system calls
+    // and an extra copy (it fills itself from the block before byte 44).
+    std::setvbuf(file, nullptr, _IONBF, 0);
     // A short file leaves the rest of the header zero.
     unsigned char header[kDataOffset] = {};
     const std::size_t headerBytes = std::fread(header, 1, sizeof header, file);
