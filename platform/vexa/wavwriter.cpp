@@ -12,14 +12,13 @@ extern "C" {
 
 #include <cstring>
 #include <limits>
+#include <vector>
 
 namespace vexa {
 
 namespace {
 
 constexpr int kBytesPerFrame = kOutChannels * 2;
-// Big writes keep the kernel calls few: one per megabyte of sound.
-constexpr size_t kBufferBytes = 1 << 20;
 // The RIFF size field counts 36 header bytes beside the data.
 constexpr uint64_t kMaxDataBytes = std::numeric_limits<uint32_t>::max() - 36;
 
@@ -39,12 +38,6 @@ void put16(unsigned char* p, uint16_t v)
 
 } // namespace
 
-WavWriter::~WavWriter()
-{
-    if (m_file)
-        std::fclose(m_file);
-}
-
 void WavWriter::header(unsigned char out[44], uint32_t dataBytes)
 {
     std::memcpy(out, "RIFF", 4);
@@ -63,21 +56,17 @@ void WavWriter::header(unsigned char out[44], uint32_t dataBytes)
 
 int WavWriter::open(const std::string& path)
 {
-    m_file = std::fopen(path.c_str(), "wb");
-    if (!m_file)
+    if (m_out.open(path) != KELO_OK)
         return KELO_E_IO;
-    m_buffer.resize(kBufferBytes);
-    std::setvbuf(m_file, m_buffer.data(), _IOFBF, m_buffer.size());
+    m_open = true;
     unsigned char h[44];
     header(h, 0);
-    if (std::fwrite(h, 1, sizeof h, m_file) != sizeof h)
-        return KELO_E_IO;
-    return KELO_OK;
+    return m_out.append(h, sizeof h);
 }
 
 int WavWriter::write(const int16_t* samples, int frames)
 {
-    if (!m_file)
+    if (!m_open)
         return KELO_E_IO;
     if (frames <= 0)
         return KELO_OK;
@@ -90,7 +79,7 @@ int WavWriter::write(const int16_t* samples, int frames)
         s = static_cast<int16_t>(av_bswap16(static_cast<uint16_t>(s)));
     samples = swapped.data();
 #endif
-    if (std::fwrite(samples, 1, bytes, m_file) != bytes)
+    if (m_out.append(samples, bytes) != KELO_OK)
         return KELO_E_IO;
     m_dataBytes += bytes;
     return KELO_OK;
@@ -98,18 +87,14 @@ int WavWriter::write(const int16_t* samples, int frames)
 
 int WavWriter::finish()
 {
-    if (!m_file)
+    if (!m_open)
         return KELO_E_IO;
+    m_open = false;
     unsigned char h[44];
     header(h, static_cast<uint32_t>(m_dataBytes));
-    bool ok = std::fflush(m_file) == 0;
-    ok = ok && std::fseek(m_file, 0, SEEK_SET) == 0;
-    ok = ok && std::fwrite(h, 1, sizeof h, m_file) == sizeof h;
-    // A full disk often shows only here, when the last buffer goes out.
-    ok = ok && std::fflush(m_file) == 0;
-    const bool closed = std::fclose(m_file) == 0;
-    m_file = nullptr;
-    return ok && closed ? KELO_OK : KELO_E_IO;
+    const int patched = m_out.overwrite(0, h, sizeof h);
+    const int closed = m_out.close();
+    return patched == KELO_OK && closed == KELO_OK ? KELO_OK : KELO_E_IO;
 }
 
 } // namespace vexa

@@ -2,13 +2,12 @@
 // WavWriter: writes the canonical 44-byte-header PCM WAV (RIFF, a 16-byte
 // fmt chunk, data) of 44 100 Hz stereo 16-bit and nothing else, because the
 // audio engine reads exactly that layout. The sizes are patched in at the
-// end. Owns its FILE and its write buffer; used on the render job's thread.
+// end. Owns its BlockWriter; used on the render job's thread.
 
+#include "blockwriter.h"
 #include "pcmsink.h"
 
-#include <cstdio>
 #include <string>
-#include <vector>
 
 namespace vexa {
 
@@ -16,7 +15,7 @@ class WavWriter : public PcmSink
 {
 public:
     WavWriter() = default;
-    ~WavWriter() override;
+    ~WavWriter() override = default;
     WavWriter(const WavWriter&) = delete;
     WavWriter& operator=(const WavWriter&) = delete;
 
@@ -29,8 +28,8 @@ public:
     static void header(unsigned char out[44], uint32_t dataBytes);
 
 private:
-    std::FILE* m_file = nullptr;
-    std::vector<char> m_buffer;
+    BlockWriter m_out;
+    bool m_open = false;
     uint64_t m_dataBytes = 0;
 };
 
