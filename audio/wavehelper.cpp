@@ -41,8 +41,8 @@ unsigned readLe32(const unsigned char* p)
     return p[0] | (p[1] << 8) | (p[2] << 16) | (static_cast<unsigned>(p[3]) << 24);
 }
 
-// 64-byte aligned blocks: the kernel copies file data into an aligned
-// destination markedly faster, which dominates the peak scan.
+// 64-byte aligned blocks: whole cache lines for the kernel's copy of file
+// data and for the packed loads of the peak scan.
 unsigned char* allocAligned(std::size_t bytes)
 {
     return static_cast<unsigned char*>(::operator new(bytes, kAlignment, std::nothrow));
