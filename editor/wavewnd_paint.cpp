@@ -1,0 +1,335 @@
+// CWaveWnd drawing: the ruler, the selection panel, the wave as a one-pixel
+// polyline and the play cursor, all drawn into one off-screen image per paint
+// that is then copied to the widget in one go.
+
+#include "editor/wavewnd.h"
+
+#include <QImage>
+#include <QLinearGradient>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kRulerBaseline = 18;
+constexpr int kPeakBlock = 512; // frames per entry of the engine's peak table
+constexpr long long kRawBufferBytes = 4194304;
+
+const QRgb kWaveColour = qRgb(80, 80, 80);
+const QRgb kWaveSelectedColour = qRgb(222, 222, 222);
+
+// First peak-table entry of the view; the reduction and the clip that keeps
+// it inside the table must agree on it.
+int firstPeakBlock(int startX, float fpp)
+{
+    return static_cast<int>(startX * fpp / kPeakBlock);
+}
+
+} // namespace
+
+void CWaveWnd::paintEvent(QPaintEvent* /*event*/)
+{
+    const int w = width();
+    const int h = drawHeight();
+    if (w <= 0 || h <= 0)
+        return;
+
+    QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
+    image.fill(0);
+    {
+        QPainter painter(&image);
+        painter.setFont(font());
+        painter.setPen(palette().color(foregroundRole()));
+        painter.setBackground(palette().brush(backgroundRole()));
+
+        QLinearGradient gradient(0, kRulerBaseline, 0, (h + kRulerBaseline) / 2);
+        gradient.setColorAt(0, QColor(119, 187, 207));
+        gradient.setColorAt(1, QColor(36, 94, 172));
+        gradient.setSpread(QGradient::PadSpread);
+
+        // While a new selection is drawn leftwards the end lies before the
+        // begin; the panel then spans from the end to the begin.
+        const long long first = std::min(beginTime, endTime);
+        const long long last = std::max(beginTime, endTime);
+        const int left = static_cast<int>(first / msPerPixel - scrollX);
+        const int right = left - 1 + static_cast<int>((last - first) / msPerPixel);
+        const QRect panel(QPoint(left, kRulerBaseline + 1), QPoint(right, h));
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.fillPath(roundRectPath(panel), gradient);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+
+        drawWave(&painter, w, h - 2);
+        highLightSelectArea(&image);
+        drawTimeScale(&painter, w, h);
+        drawPlay(&painter, w, h);
+    }
+
+    QPainter widgetPainter(this);
+    widgetPainter.drawImage(0, 0, image);
+}
+
+QPainterPath CWaveWnd::roundRectPath(const QRect& rect)
+{
+    const int left = rect.left();
+    const int top = rect.top();
+    const int right = rect.right();
+    const int bottom = rect.bottom();
+    const int shortSide = std::min(rect.width(), rect.height());
+    const int half = shortSide / 2;
+    const int d = half / 4;
+
+    // The lines aim at half the short side while the corner arcs use squares
+    // of side d; the resulting outline, back-stroke included, is the look.
+    QPainterPath path;
+    path.moveTo(right, top + half);
+    path.arcTo(right - d, top, d, d, 0.0, 90.0);
+    path.lineTo(left + half, top);
+    path.arcTo(left, top, d, d, 90.0, 90.0);
+    path.lineTo(left, bottom - half);
+    path.arcTo(left, bottom - d, d, d, 180.0, 90.0);
+    path.lineTo(left + half, bottom);
+    path.arcTo(right - d, bottom - d, d, d, 270.0, 90.0);
+    path.closeSubpath();
+    return path;
+}
+
+void CWaveWnd::drawWave(QPainter* painter, int width, int height)
+{
+    if (!wave.peakTable)
+        return;
+    const int centreY = (height - 28) / 2 + 28;
+    const int amplitudeHeight = height - 36;
+
+    int columns = totalWidth;
+    if (width < totalWidth)
+        columns = totalWidth < width + scrollX ? totalWidth - scrollX : width;
+    // The point buffer holds 2048 columns; wider widgets are drawn that far.
+    columns = std::min(columns, kMaxColumns);
+    if (columns <= 0 || framesPerPixel <= 0.0f)
+        return;
+
+    void* samples = nullptr;
+    if (framesPerPixel < kPeakBlock) {
+        // Keeps the raw read (plus the frame the reduction may look ahead)
+        // inside the engine's 4 MiB buffer.
+        const long long bufferFrames = kRawBufferBytes / std::max<int>(1, wave.frameBytes);
+        const long long fit =
+            static_cast<long long>(std::floor(bufferFrames / double(framesPerPixel))) - 1;
+        columns = static_cast<int>(std::min<long long>(columns, fit));
+        if (columns <= 0)
+            return;
+        samples = WaveHelperGetRawData(&wave, static_cast<int>(scrollX * framesPerPixel),
+                                       static_cast<int>(columns * framesPerPixel));
+    } else {
+        // Never walks past the last entry of the peak table.
+        // (The walk reads at least two pairs.)
+        const long long available = wave.peakCount - firstPeakBlock(scrollX, framesPerPixel);
+        const long long fit = available < 2
+                                  ? 0
+                                  : static_cast<long long>(std::floor(
+                                        double(available) * kPeakBlock / double(framesPerPixel)));
+        columns = static_cast<int>(std::min<long long>(columns, fit));
+        if (columns <= 0)
+            return;
+        samples = wave.peakTable;
+    }
+    if (!samples)
+        return;
+
+    QPoint* pts = points.get();
+    const unsigned int cols = static_cast<unsigned int>(columns);
+    int count = 0;
+    switch (wave.formatKey) {
+    case 9:
+        // 8-bit mono is reduced but deliberately never drawn.
+        getMonoWave<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight, samples,
+                            1);
+        return;
+    case 10:
+        count = getMonoWave<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
+                                    samples, 2);
+        break;
+    case 17:
+        count = getMonoWave<qint16>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
+                                    samples, 1);
+        break;
+    case 18:
+        count = getMonoWave<qint16>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
+                                    samples, 2);
+        break;
+    default:
+        return;
+    }
+    if (count <= 0)
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setPen(QPen(QColor(kWaveColour), 1));
+    painter->drawPolyline(pts, count);
+    painter->restore();
+}
+
+template <typename T>
+int CWaveWnd::getMonoWave(QPoint* pts, int startX, float fpp, int centreY, unsigned int columns,
+                          int amplitudeHeight, void* samples, int channels)
+{
+    if (channels != 1 && channels != 2)
+        return 0;
+    if (fpp < 2.0f)
+        return 0;
+    columns = std::min(columns, static_cast<unsigned int>(kMaxColumns));
+
+    // 8-bit values are used as stored (0..255), not centred on 128, so an
+    // 8-bit wave lies above the centre line.
+    const float range = sizeof(T) == 1 ? 256.0f : 65535.0f;
+    const float scale = (amplitudeHeight / 2 * 2) / range;
+    auto yOf = [centreY, scale](T v) { return static_cast<int>(centreY - v * scale); };
+
+    // The threshold is kept in double: summed in float it drifts by whole
+    // peak blocks over a wide view.
+    const double step = fpp;
+    double threshold = step;
+    const T* p = static_cast<const T*>(samples);
+    int n = 0;
+    unsigned int column = 0;
+
+    if (fpp < kPeakBlock) {
+        // Raw frames: only the first channel of each frame is looked at.
+        T lo = p[0];
+        T hi = p[0];
+        long long counter = 1;
+        bool restart = false;
+        while (column < columns) {
+            p += channels;
+            const T v = p[0];
+            if (restart) {
+                lo = hi = v;
+                restart = false;
+            } else {
+                lo = std::min(lo, v);
+                hi = std::max(hi, v);
+            }
+            ++counter;
+            if (counter >= threshold) {
+                threshold += step;
+                pts[n++] = QPoint(static_cast<int>(column), yOf(lo));
+                pts[n++] = QPoint(static_cast<int>(column), yOf(hi));
+                restart = true;
+                ++column;
+            }
+        }
+        return n;
+    }
+
+    // Peak table: (min, max) pairs of the first channel, 512 frames each.
+    p += 2 * firstPeakBlock(startX, fpp);
+    T lo = p[0];
+    T hi = p[1];
+    long long counter = 1;
+    bool restart = false;
+    while (column < columns) {
+        p += 2;
+        if (restart) {
+            lo = p[0];
+            hi = p[1];
+            restart = false;
+        } else {
+            lo = std::min(lo, p[0]);
+            hi = std::max(hi, p[1]);
+        }
+        ++counter;
+        if (double(counter) * kPeakBlock >= threshold) {
+            threshold += step;
+            pts[n++] = QPoint(static_cast<int>(column), yOf(lo));
+            pts[n++] = QPoint(static_cast<int>(column), yOf(hi));
+            restart = true;
+            ++column;
+        }
+    }
+    return n;
+}
+
+template int CWaveWnd::getMonoWave<qint16>(QPoint*, int, float, int, unsigned int, int, void*, int);
+template int CWaveWnd::getMonoWave<quint8>(QPoint*, int, float, int, unsigned int, int, void*, int);
+
+void CWaveWnd::highLightSelectArea(QImage* image)
+{
+    int a = static_cast<int>(beginTime / msPerPixel - scrollX);
+    int b = static_cast<int>(endTime / msPerPixel - scrollX);
+    if (a > b)
+        std::swap(a, b);
+    b = std::min(b, image->width());
+    const int from = a < 0 ? 0 : a + 1;
+    if (from >= b)
+        return;
+    // Only opaque wave-grey pixels change: the wave inside the selection.
+    for (int y = kRulerBaseline; y < image->height(); ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(image->scanLine(y));
+        for (int x = from; x < b; ++x) {
+            if (line[x] == kWaveColour)
+                line[x] = kWaveSelectedColour;
+        }
+    }
+}
+
+void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
+{
+    painter->setPen(QPen(QColor(86, 86, 86), 1));
+    QFont rulerFont = font();
+    rulerFont.setPixelSize(9);
+    painter->setFont(rulerFont);
+
+    // A tick every 5 pixels of the whole wave is counted; every fifth is
+    // drawn, and every fifth drawn one, counted from the left edge of the
+    // view, is labelled, so labels move with scrolling.
+    int i = scrollX / 5;
+    if (i == 0) {
+        painter->drawLine(0, kRulerBaseline, 0, 28);
+        i = 1;
+    } else {
+        i = i + 1;
+    }
+    int x = 5 * i - scrollX;
+    int drawn = 0;
+    while (x <= width) {
+        if (i % 5 == 0) {
+            int top = 16;
+            if (drawn % 5 == 0) {
+                const long long t = std::max(0LL, static_cast<long long>(5 * i * msPerPixel));
+                const long long hours = t / 3600000;
+                const long long minutes = t / 60000 - 60 * hours;
+                const long long seconds = t / 1000 - 3600 * hours - 60 * minutes;
+                const QString text =
+                    QString::asprintf("%02d:%02d:%02d", int(hours), int(minutes), int(seconds));
+                painter->drawText(x - 20, 10, text);
+                top = 13;
+            }
+            painter->drawLine(x, top, x, kRulerBaseline);
+            painter->save();
+            painter->setPen(QPen(QColor(37, 37, 37), 1));
+            painter->setOpacity(0.05);
+            painter->drawLine(x, kRulerBaseline, x, height);
+            painter->restore();
+            ++drawn;
+        }
+        ++i;
+        x = 5 * i - scrollX;
+    }
+    painter->drawLine(0, kRulerBaseline, width, kRulerBaseline);
+}
+
+void CWaveWnd::drawPlay(QPainter* painter, int /*width*/, int /*height*/)
+{
+    // Without a wave there is nothing to play: no cursor.
+    if (!wave.peakTable)
+        return;
+    // QPixmap keeps decoded resources in its cache: no decoding per paint.
+    const QPixmap marker(":/wave/drag");
+    const float x = playPos / msPerPixel - scrollX;
+    painter->drawPixmap(static_cast<int>(x - marker.width() / 2), 1, marker);
+}

@@ -1,0 +1,94 @@
+#pragma once
+// Shared set-up of the editor tests: reach into CWaveWnd's state (the widget
+// befriends CWaveWndTestAccess), make WAV files and load them the way the
+// import step does (wavePath, then initWave).
+
+#include "editor/wavewnd.h"
+#include "testenv.h"
+
+#include <QImage>
+#include <QScrollBar>
+#include <QString>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtGlobal>
+
+#include <cmath>
+#include <functional>
+
+struct CWaveWndTestAccess
+{
+    static QString& wavePath(CWaveWnd& w) { return w.wavePath; }
+    static long long& playPos(CWaveWnd& w) { return w.playPos; }
+    static long long& beginTime(CWaveWnd& w) { return w.beginTime; }
+    static long long& endTime(CWaveWnd& w) { return w.endTime; }
+    static int& scrollX(CWaveWnd& w) { return w.scrollX; }
+    static int& mouseMode(CWaveWnd& w) { return w.mouseMode; }
+    static int totalWidth(CWaveWnd& w) { return w.totalWidth; }
+    static float msPerPixel(CWaveWnd& w) { return w.msPerPixel; }
+    static float framesPerPixel(CWaveWnd& w) { return w.framesPerPixel; }
+    static float maxTime(CWaveWnd& w) { return w.maxTime; }
+    static float zoomFactor(CWaveWnd& w) { return w.zoomFactor; }
+    static bool preview(CWaveWnd& w) { return w.bPreview; }
+    static bool fadeInOn(CWaveWnd& w) { return w.fadeInOn; }
+    static int fadeInLength(CWaveWnd& w) { return w.fadeInLength; }
+    static int fadeOutLength(CWaveWnd& w) { return w.fadeOutLength; }
+    static tagWaveInfo& wave(CWaveWnd& w) { return w.wave; }
+    static CRingToneNode& node(CWaveWnd& w) { return w.node; }
+    static QScrollBar* scrollBar(CWaveWnd& w) { return w.scrollBar; }
+    static bool timerActive(CWaveWnd& w) { return w.playTimer->isActive(); }
+};
+
+namespace twed {
+
+using Access = CWaveWndTestAccess;
+
+// A sine of the given frequency at `level` of full scale on every channel.
+inline std::function<int(qint64, int)> sine(int rate, int bits, double hz, double level)
+{
+    return [=](qint64 frame, int) {
+        const double v = level * std::sin(2.0 * M_PI * hz * double(frame) / rate);
+        return bits == 8 ? int(std::lround(128.0 + 127.0 * v)) : int(std::lround(32767.0 * v));
+    };
+}
+
+// Writes `seconds` of a loud 220 Hz sine into dir/name and returns its path
+// (empty on failure).
+inline QString makeSine(const QTemporaryDir& dir, const QString& name, int rate, int channels,
+                        int bits, double seconds, double level = 0.8)
+{
+    const QString path = dir.filePath(name);
+    const qint64 frames = qint64(std::llround(seconds * rate));
+    if (!tw::writeWav(path, rate, channels, bits, frames, sine(rate, bits, 220.0, level)))
+        return QString();
+    return path;
+}
+
+// Loads `path` as the editor's temporary WAV; returns initWave's result.
+inline int load(CWaveWnd& w, const QString& path)
+{
+    Access::wavePath(w) = path;
+    return w.initWave();
+}
+
+inline bool isWaveGrey(QRgb p)
+{
+    return p == qRgb(80, 80, 80);
+}
+
+inline bool isWaveLight(QRgb p)
+{
+    return p == qRgb(222, 222, 222);
+}
+
+// Number of pixels of column x, rows [top, bottom), that satisfy `pred`.
+inline int countInColumn(const QImage& img, int x, int top, int bottom,
+                         const std::function<bool(QRgb)>& pred)
+{
+    int n = 0;
+    for (int y = top; y < bottom && y < img.height(); ++y)
+        n += pred(img.pixel(x, y)) ? 1 : 0;
+    return n;
+}
+
+} // namespace twed
