@@ -576,7 +576,7 @@ int WaveHelperInit(const char* path, tagWaveInfo* info)
     info->fadeOutStart = -1;
     info->fadeOutEnd = -1;
 
-    // No obtained spec: SDL converts when the device differs. The device
+    // No obtained SDL_AudioSpec: SDL converts when the device differs. The device
     // stays paused and state stays 0.
     return openAudio(&desired);
 }

@@ -1,7 +1,7 @@
 #pragma once
 // Fixtures and an independent model of the audio engine's sample effects,
 // shared by the audio tests. The model is written per sample straight from
-// the described rules (not from the engine's code) so that a test compares
+// the engine's documented rules (not from its code) so that a test compares
 // two separate computations.
 
 #include <QByteArray>

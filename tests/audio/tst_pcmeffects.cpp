@@ -1,5 +1,5 @@
 // The seven in-place sample routines, checked sample by sample against the
-// independent model and on the described boundary values.
+// independent model and on their boundary values.
 
 #include "audio/pcmeffects.h"
 #include "audiotestsupport.h"
