@@ -1,0 +1,114 @@
+#pragma once
+// The library the tests of the library classes run on: an iTunes library XML
+// file written into a temporary folder, whose first song exists on disk with
+// a JPEG cover. Header-only.
+//
+// Collection 0: Music (4), Movies (2), Odd Kind (7, no icon), Ringtones (55,
+// added by the agent). Collection 2: Road Trip, Empty.
+// Music: Yesterday, Something, Beat It, Here Comes the Sun, No Artist.
+
+#include "tests/itunesagent/agentfixtures.h"
+
+#include <QTemporaryDir>
+#include <QtGlobal>
+
+namespace lib {
+
+struct Library
+{
+    QString xml;
+    QString coveredSong; // the path of "Yesterday"
+    QByteArray cover;    // its JPEG cover, 40 x 30
+};
+
+inline fx::XmlTrack track(int id, const QString& name, const QString& artist, const QString& album,
+                          const QString& path, bool video = false)
+{
+    fx::XmlTrack t;
+    t.id = id;
+    t.name = name;
+    t.artist = artist;
+    t.album = album;
+    t.path = path;
+    t.video = video;
+    return t;
+}
+
+inline fx::XmlPlaylist playlist(const QString& name, int kind, const QList<int>& items)
+{
+    fx::XmlPlaylist p;
+    p.name = name;
+    p.kind = kind;
+    p.items = items;
+    return p;
+}
+
+// Writes the library into dir and makes the agent serve it.
+inline Library makeLibrary(const QTemporaryDir& dir)
+{
+    Library lib;
+    const QString media = dir.filePath("iTunes Media");
+    lib.coveredSong = media + "/Beatles/Yesterday.mp3";
+    if (!fx::makeAudio(lib.coveredSong, {"-c:a", "libmp3lame", "-b:a", "64k"}))
+        qFatal("cannot make %s", qPrintable(lib.coveredSong));
+    lib.cover = fx::picture("JPEG", QColor(200, 40, 40), QSize(40, 30));
+    fx::addPicture(lib.coveredSong, lib.cover, "image/jpeg");
+
+    QList<fx::XmlTrack> tracks;
+    tracks << track(1, "Yesterday", "The Beatles", "Help!", lib.coveredSong);
+    tracks << track(2, "Something", "The Beatles", "Abbey Road", media + "/Beatles/Something.mp3");
+    tracks << track(3, "Beat It", "Michael Jackson", "Thriller", media + "/MJ/Beat It.mp3");
+    tracks << track(4, "Clip", "Studio", "Shorts", media + "/Movies/Clip.m4v", true);
+    tracks << track(5, "Here Comes the Sun", "George", "Abbey Road", media + "/G/Sun.mp3");
+    tracks << track(6, "No Artist", QString(), "Beatles Covers", media + "/Covers/No Artist.mp3");
+    tracks[1].artworkCount = 0;
+
+    QList<fx::XmlPlaylist> lists;
+    lists << playlist("Library", -1, {1, 2, 3, 4, 5, 6});
+    lists.last().master = true;
+    lists << playlist("Music", 4, {1, 2, 3, 5, 6});
+    lists << playlist("Movies", 2, {4});
+    lists << playlist("Odd Kind", 7, {1});
+    lists << playlist("Road Trip", -1, {3, 1});
+    lists << playlist("Empty", -1, {});
+    lib.xml = dir.filePath("library.xml");
+    fx::writeFile(lib.xml, fx::libraryXml(media, tracks, lists));
+    fx::useXmlLibrary(lib.xml);
+    return lib;
+}
+
+// Collects the model tester's complaints while it is installed.
+class TesterWarnings
+{
+public:
+    TesterWarnings()
+    {
+        s_lines.clear();
+        s_previous = qInstallMessageHandler(&TesterWarnings::handle);
+    }
+    ~TesterWarnings() { qInstallMessageHandler(s_previous); }
+    TesterWarnings(const TesterWarnings&) = delete;
+    TesterWarnings& operator=(const TesterWarnings&) = delete;
+
+    QStringList take()
+    {
+        QStringList lines = s_lines;
+        s_lines.clear();
+        return lines;
+    }
+
+private:
+    static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
+    {
+        if (type == QtWarningMsg && QByteArray(context.category).startsWith("qt.modeltest")) {
+            s_lines << text;
+            return;
+        }
+        s_previous(type, context, text);
+    }
+
+    static inline QStringList s_lines;
+    static inline QtMessageHandler s_previous = nullptr;
+};
+
+} // namespace lib
