@@ -36,6 +36,8 @@ void isolateEnvironment()
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsEmpty("SDL_AUDIODRIVER"))
         qputenv("SDL_AUDIODRIVER", "dummy");
+    if (qEnvironmentVariableIsEmpty("SDL_VIDEODRIVER"))
+        qputenv("SDL_VIDEODRIVER", "dummy");
 }
 
 QString testHome()
