@@ -106,8 +106,9 @@ struct RenderRequest
     qint64 end = 0;
 };
 
-inline tagKeloRunParam runParam(const QByteArray& format, const QByteArray& dest, int codec,
-                                int bitRate, RenderWatch* watch)
+// The strings must outlive the KeloRun call.
+inline tagKeloRunParam runParam(const char* format, const QByteArray& dest, int codec, int bitRate,
+                                RenderWatch* watch)
 {
     tagKeloRunParam p;
     std::memset(&p, 0, sizeof p);
@@ -119,7 +120,7 @@ inline tagKeloRunParam runParam(const QByteArray& format, const QByteArray& dest
     p.nSampleRate = 44100;
     p.nChannels = 2;
     p.nBitsPerSample = 16;
-    p.pszFormat = format.constData();
+    p.pszFormat = format;
     p.pszDest = dest.constData();
     return p;
 }
@@ -141,7 +142,7 @@ inline int startRender(int timeline, const RenderRequest& r, RenderWatch* watch,
         *media = id;
     if (id < 0)
         return id;
-    const tagKeloRunParam p = runParam(r.format, dest, r.codec, r.bitRate, watch);
+    const tagKeloRunParam p = runParam(r.format.constData(), dest, r.codec, r.bitRate, watch);
     return KeloRun(timeline, &id, 1, &p);
 }
 
