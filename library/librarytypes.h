@@ -6,7 +6,9 @@
 
 #include <QMetaType>
 
-enum tagLibraryType
+// A fixed underlying type, so that any number (an unknown kind or field)
+// is a valid value that simply matches nothing.
+enum tagLibraryType : int
 {
     LT_ROOT = 0,        // the invisible root of the library tree
     LT_LIBRARY = 1,     // the "Library" group and its playlists
@@ -16,7 +18,7 @@ enum tagLibraryType
     LT_SEARCH = 5       // the song list holds the hits of a search
 };
 
-enum FilterType
+enum FilterType : int
 {
     FT_ALL = 0,
     FT_TITLE = 1,
