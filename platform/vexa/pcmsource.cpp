@@ -99,7 +99,9 @@ int PcmSource::open(const std::string& path, int64_t startMs, int64_t endMs)
         m_startFrame = av_rescale(startMs, kOutRate, 1000);
         m_endFrame =
             endMs > 0 ? av_rescale(endMs, kOutRate, 1000) : std::numeric_limits<int64_t>::max();
-        if (startMs > kSeekLeadMs) {
+        // Without timestamps a seek could not tell where it landed: read from the top.
+        const bool timed = !(m_fmt->iformat->flags & AVFMT_NOTIMESTAMPS);
+        if (timed && startMs > kSeekLeadMs) {
             const int64_t ts =
                 av_rescale_q(startMs - kSeekLeadMs, AVRational{1, 1000}, m_timeBase) +
                 m_streamStart;
