@@ -24,6 +24,7 @@ private slots:
     void shouldAppendRingtoneIntoMusicRingtonesWithoutThatFolder();
     void shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPlaylist();
     void shouldKeepAHiddenRingtonesPlaylistHidden();
+    void shouldReportAPlaceThatCannotBeWritten();
     void shouldRefuseBadRingtonesAndWriteNothing_data();
     void shouldRefuseBadRingtonesAndWriteNothing();
 
@@ -211,6 +212,24 @@ void TestItunesAgentRingtones::shouldRefuseBadRingtonesAndWriteNothing()
         QCOMPARE(fx::readFile(path), content);
     QCOMPARE(AppendRingtone(nullptr), int(ITA_E_ARGUMENT));
     QCOMPARE(AppendRingtone(""), int(ITA_E_ARGUMENT));
+}
+
+void TestItunesAgentRingtones::shouldReportAPlaceThatCannotBeWritten()
+{
+    const QString mediaFolder = m_dir.filePath("blocked/iTunes Media");
+    const QString autoAdd = mediaFolder + "/Automatically Add to iTunes";
+    // A folder where the ringtone's file would go.
+    QVERIFY(QDir().mkpath(autoAdd + "/Blocked.m4r"));
+    fx::useXmlLibrary(writeLibrary("blocked.xml", fx::libraryXml(mediaFolder, m_tracks, {})));
+    const QString source = m_dir.filePath("made/Blocked.m4r");
+    QVERIFY(fx::makeRingtone(source));
+    const QByteArray before = fx::sha1(source);
+    QCOMPARE(AppendRingtone(QFile::encodeName(source).constData()), int(ITA_E_IO));
+    QVERIFY(fx::loggedLine("append ringtone: cannot write " + autoAdd + "/Blocked.m4r"));
+    QVERIFY(QFileInfo(autoAdd + "/Blocked.m4r").isDir());
+    QCOMPARE(fx::sha1(source), before);
+    const int ringtones = fx::findPlaylist(ITA_COLLECTION_LIBRARY, "Ringtones");
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, ringtones).size(), 0);
 }
 
 TW_TEST_MAIN(TestItunesAgentRingtones)

@@ -45,6 +45,8 @@ private slots:
     void shouldCountCallsAndForgetEverythingOnReset();
     void shouldReadTheRealMacLibrary();
     void shouldReadTheRealWindowsLibrary();
+    void shouldFindTheLibraryFileUnderTheMusicFolder_data();
+    void shouldFindTheLibraryFileUnderTheMusicFolder();
 
 private:
     QString media(const QString& relative) const { return m_media + "/" + relative; }
@@ -630,6 +632,28 @@ void TestItunesAgentXml::shouldReadTheRealWindowsLibrary()
     const int classical = fx::findPlaylist(ITA_COLLECTION_PLAYLISTS, "Classical Music");
     QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, classical),
              QStringList({"Maid with the Flaxen Hair"}));
+}
+
+void TestItunesAgentXml::shouldFindTheLibraryFileUnderTheMusicFolder_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("older name") << "iTunes/iTunes Music Library.xml";
+    QTest::newRow("newer name") << "iTunes/iTunes Library.xml";
+}
+
+void TestItunesAgentXml::shouldFindTheLibraryFileUnderTheMusicFolder()
+{
+    QFETCH(QString, name);
+    const QString path =
+        QStandardPaths::writableLocation(QStandardPaths::MusicLocation) + "/" + name;
+    QVERIFY(path.startsWith(tw::testHome()));
+    QVERIFY(fx::writeFile(path, fx::readFile(TW_SHARED_DATA_DIR "/itunes-library-windows.xml")));
+    fx::useFolderLibrary(); // no TONEWRIGHT_LIBRARY_XML
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 0).size(), 6);
+    QVERIFY(QFile::remove(path));
+    fx::useFolderLibrary();
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_FOLDER));
 }
 
 TW_TEST_MAIN(TestItunesAgentXml)
