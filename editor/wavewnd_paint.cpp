@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -190,66 +191,42 @@ int CWaveWnd::getMonoWave(QPoint* pts, int startX, float fpp, int centreY, unsig
     const float scale = (amplitudeHeight / 2 * 2) / range;
     auto yOf = [centreY, scale](T v) { return static_cast<int>(centreY - v * scale); };
 
-    // The threshold is kept in double: summed in float it drifts by whole
-    // peak blocks over a wide view.
-    const double step = fpp;
-    double threshold = step;
+    // Column k ends at the first unit (a frame, or a 512-frame peak pair)
+    // whose count reaches (k + 1) x fpp frames; the next unit restarts min
+    // and max. Kept in double: summed in float the column ends drift by
+    // whole peak blocks over a wide view.
+    const bool raw = fpp < kPeakBlock;
+    const int stride = raw ? channels : 2; // only the first channel counts
+    const int hiOffset = raw ? 0 : 1;      // a pair is (min, max)
+    const double unitFrames = raw ? 1.0 : double(kPeakBlock);
     const T* p = static_cast<const T*>(samples);
-    int n = 0;
-    unsigned int column = 0;
+    if (!raw)
+        p += 2 * firstPeakBlock(startX, fpp);
 
-    if (fpp < kPeakBlock) {
-        // Raw frames: only the first channel of each frame is looked at.
-        T lo = p[0];
-        T hi = p[0];
-        long long counter = 1;
-        bool restart = false;
-        while (column < columns) {
-            p += channels;
-            const T v = p[0];
-            if (restart) {
-                lo = hi = v;
-                restart = false;
-            } else {
-                lo = std::min(lo, v);
-                hi = std::max(hi, v);
-            }
-            ++counter;
-            if (counter >= threshold) {
-                threshold += step;
-                pts[n++] = QPoint(static_cast<int>(column), yOf(lo));
-                pts[n++] = QPoint(static_cast<int>(column), yOf(hi));
-                restart = true;
-                ++column;
-            }
-        }
-        return n;
-    }
-
-    // Peak table: (min, max) pairs of the first channel, 512 frames each.
-    p += 2 * firstPeakBlock(startX, fpp);
     T lo = p[0];
-    T hi = p[1];
-    long long counter = 1;
-    bool restart = false;
-    while (column < columns) {
-        p += 2;
-        if (restart) {
+    T hi = p[hiOffset];
+    long long counter = 1; // units taken so far, the first included
+    int n = 0;
+    for (unsigned int column = 0; column < columns; ++column) {
+        if (column > 0) {
+            p += stride;
             lo = p[0];
-            hi = p[1];
-            restart = false;
-        } else {
+            hi = p[hiOffset];
+            ++counter;
+        }
+        // The first column always takes a second unit; later ones may end on
+        // the unit that restarted them.
+        const double threshold = double(fpp) * (column + 1);
+        const long long least = column == 0 ? 2 : counter;
+        const long long end =
+            std::max(least, static_cast<long long>(std::ceil(threshold / unitFrames)));
+        for (; counter < end; ++counter) {
+            p += stride;
             lo = std::min(lo, p[0]);
-            hi = std::max(hi, p[1]);
+            hi = std::max(hi, p[hiOffset]);
         }
-        ++counter;
-        if (double(counter) * kPeakBlock >= threshold) {
-            threshold += step;
-            pts[n++] = QPoint(static_cast<int>(column), yOf(lo));
-            pts[n++] = QPoint(static_cast<int>(column), yOf(hi));
-            restart = true;
-            ++column;
-        }
+        pts[n++] = QPoint(static_cast<int>(column), yOf(lo));
+        pts[n++] = QPoint(static_cast<int>(column), yOf(hi));
     }
     return n;
 }
@@ -296,6 +273,16 @@ void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
     }
     int x = 5 * i - scrollX;
     int drawn = 0;
+    // The faint grid lines go down in one batch after the ticks: they only
+    // meet a tick on the baseline row, which the baseline covers anyway.
+    // Each is drawn in pieces of at most 80 rows: the raster engine hands a
+    // translucent fill of 96 rows or more to its thread pool, and on a small
+    // machine that hand-over costs ten times the fill (same pixels either way).
+    QVarLengthArray<QLine, 1024> grid;
+    auto addGridLine = [&grid, height](int gx) {
+        for (int y = kRulerBaseline; y <= height; y += 80)
+            grid.append(QLine(gx, y, gx, std::min(y + 79, height)));
+    };
     while (x <= width) {
         if (i % 5 == 0) {
             int top = 16;
@@ -310,16 +297,17 @@ void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
                 top = 13;
             }
             painter->drawLine(x, top, x, kRulerBaseline);
-            painter->save();
-            painter->setPen(QPen(QColor(37, 37, 37), 1));
-            painter->setOpacity(0.05);
-            painter->drawLine(x, kRulerBaseline, x, height);
-            painter->restore();
+            addGridLine(x);
             ++drawn;
         }
         ++i;
         x = 5 * i - scrollX;
     }
+    painter->save();
+    painter->setPen(QPen(QColor(37, 37, 37), 1));
+    painter->setOpacity(0.05);
+    painter->drawLines(grid.constData(), int(grid.size()));
+    painter->restore();
     painter->drawLine(0, kRulerBaseline, width, kRulerBaseline);
 }
 

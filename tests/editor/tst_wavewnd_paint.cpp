@@ -474,6 +474,25 @@ private slots:
         }
     }
 
+    void shouldEndPeakColumnsOnTheBlockThatReachesThem()
+    {
+        // 800 frames per pixel = 1.5625 blocks: columns end on blocks
+        // 2, 4, 5, 7, 8 (counting from 1), the first taking at least two.
+        std::vector<qint16> table(40);
+        for (int b = 0; b < 20; ++b) {
+            table[size_t(2 * b)] = qint16(-100 * b);
+            table[size_t(2 * b + 1)] = qint16(100 * b);
+        }
+        QPoint pts[10];
+        const float s = 200 / 65535.0f;
+        QCOMPARE(CWaveWnd::getMonoWave<qint16>(pts, 0, 800.0f, 120, 5, 200, table.data(), 1), 10);
+        const int lastBlocks[5] = {1, 3, 4, 6, 7}; // zero-based
+        for (int k = 0; k < 5; ++k)
+            QCOMPARE(pts[2 * k + 1].y(), int(120 - 100 * lastBlocks[k] * s));
+        // The third column is the single block 4 (restarted there).
+        QCOMPARE(pts[4].y(), int(120 + 100 * 4 * s));
+    }
+
     void shouldDrawEightBitValuesAboveTheCentre()
     {
         std::vector<quint8> silence(200, 128);
