@@ -66,8 +66,8 @@ std::string claimTempName(const std::string& dest)
 
 } // namespace
 
-RenderJob::RenderJob(RenderSpec spec)
-    : m_spec(std::move(spec)), m_cancelled(std::make_shared<std::atomic<bool>>(false))
+RenderJob::RenderJob(RenderOrder order)
+    : m_order(std::move(order)), m_cancelled(std::make_shared<std::atomic<bool>>(false))
 {
 }
 
@@ -100,17 +100,17 @@ void RenderJob::wait()
 void RenderJob::notify(int progress, int status)
 {
     m_progress = progress;
-    if (!m_spec.notify || m_cancelled->load())
+    if (!m_order.notify || m_cancelled->load())
         return;
     tagKeloProgInfo info{};
-    info.nTimeline = m_spec.timeline;
-    info.nMedia = m_spec.media;
+    info.nTimeline = m_order.timeline;
+    info.nMedia = m_order.media;
     info.nProgress = progress;
     info.nStatus = status;
-    if (m_spec.post)
-        m_spec.post(&deliver, new PendingNote{m_cancelled, m_spec.notify, m_spec.user, info});
+    if (m_order.post)
+        m_order.post(&deliver, new PendingNote{m_cancelled, m_order.notify, m_order.user, info});
     else
-        m_spec.notify(&info, m_spec.user);
+        m_order.notify(&info, m_order.user);
 }
 
 void RenderJob::run()
@@ -122,7 +122,7 @@ void RenderJob::run()
     const bool cancelled = m_cancelled->load();
     std::error_code ec;
     if (rc == KELO_OK && !cancelled) {
-        fs::rename(temp, m_spec.dest, ec);
+        fs::rename(temp, m_order.dest, ec);
         if (ec)
             rc = KELO_E_IO;
     }
@@ -131,10 +131,10 @@ void RenderJob::run()
     m_writing.store(false);
 
     if (cancelled) {
-        KeloLogMessage(0, "render cancelled: %s", m_spec.dest.c_str());
+        KeloLogMessage(0, "render cancelled: %s", m_order.dest.c_str());
     } else if (rc < 0) {
-        KeloLogMessage(0, "render failed (%d): %s -> %s", rc, m_spec.item->path.c_str(),
-                       m_spec.dest.c_str());
+        KeloLogMessage(0, "render failed (%d): %s -> %s", rc, m_order.item->path.c_str(),
+                       m_order.dest.c_str());
         notify(m_progress, rc);
     } else {
         notify(10000, KELO_OK);
@@ -145,10 +145,10 @@ void RenderJob::run()
 
 int RenderJob::render(std::string* temp)
 {
-    const MediaItem& item = *m_spec.item;
+    const MediaItem& item = *m_order.item;
     // Rendering onto the source would replace the user's file.
     std::error_code ec;
-    if (fs::equivalent(item.path, m_spec.dest, ec))
+    if (fs::equivalent(item.path, m_order.dest, ec))
         return KELO_E_ARGUMENT;
 
     PcmSource source;
@@ -156,13 +156,13 @@ int RenderJob::render(std::string* temp)
     if (rc < 0)
         return rc;
 
-    *temp = claimTempName(m_spec.dest);
+    *temp = claimTempName(m_order.dest);
     if (temp->empty())
         return KELO_E_IO;
     std::unique_ptr<PcmSink> sink;
-    if (m_spec.aac) {
+    if (m_order.aac) {
         auto aac = std::make_unique<AacWriter>();
-        rc = aac->open(*temp, m_spec.bitRate);
+        rc = aac->open(*temp, m_order.bitRate);
         sink = std::move(aac);
     } else {
         auto wav = std::make_unique<WavWriter>();

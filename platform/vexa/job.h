@@ -18,7 +18,7 @@
 
 namespace vexa {
 
-struct RenderSpec
+struct RenderOrder
 {
     int timeline = 0;
     int media = 0;
@@ -34,7 +34,7 @@ struct RenderSpec
 class RenderJob : public JobControl, public std::enable_shared_from_this<RenderJob>
 {
 public:
-    explicit RenderJob(RenderSpec spec);
+    explicit RenderJob(RenderOrder order);
     ~RenderJob() override;
     RenderJob(const RenderJob&) = delete;
     RenderJob& operator=(const RenderJob&) = delete;
@@ -42,12 +42,12 @@ public:
     // Starts the worker thread; throws std::system_error when it cannot.
     void start();
 
-    int media() const override { return m_spec.media; }
+    int media() const override { return m_order.media; }
     bool done() const override { return m_done.load(); }
     void cancel() override { m_cancelled->store(true); }
     void wait() override;
 
-    const std::string& destination() const { return m_spec.dest; }
+    const std::string& destination() const { return m_order.dest; }
     // True until the output is in place or gone, which is before the last call.
     bool writing() const { return m_writing.load(); }
 
@@ -56,7 +56,7 @@ private:
     int render(std::string* temp);
     void notify(int progress, int status);
 
-    RenderSpec m_spec;
+    RenderOrder m_order;
     // Shared with posted progress calls, which check it before they run.
     std::shared_ptr<std::atomic<bool>> m_cancelled;
     std::atomic<bool> m_done{false};

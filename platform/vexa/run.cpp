@@ -66,17 +66,17 @@ extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloR
             return KELO_E_BUSY;
     }
 
-    vexa::RenderSpec spec;
-    spec.timeline = timeline;
-    spec.media = media[0];
-    spec.item = std::move(item);
-    spec.aac = aac;
-    spec.bitRate = param->nAudioBitRate;
-    spec.dest = dest;
-    spec.notify = param->pfnNotify;
-    spec.user = param->pUser;
-    spec.post = g_post.load();
-    auto job = std::make_shared<vexa::RenderJob>(std::move(spec));
+    vexa::RenderOrder order;
+    order.timeline = timeline;
+    order.media = media[0];
+    order.item = std::move(item);
+    order.aac = aac;
+    order.bitRate = param->nAudioBitRate;
+    order.dest = dest;
+    order.notify = param->pfnNotify;
+    order.user = param->pUser;
+    order.post = g_post.load();
+    auto job = std::make_shared<vexa::RenderJob>(std::move(order));
     try {
         job->start();
     } catch (const std::system_error&) {
