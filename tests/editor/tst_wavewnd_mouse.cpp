@@ -518,7 +518,13 @@ private slots:
         const long long target = held + 20000;
         QCOMPARE(Access::playPos(*w), target);
         pos.clear();
+        QStringList order;
+        connect(w.get(), &CWaveWnd::onPlay, this, [&] { order << "onPlay"; });
+        connect(w.get(), &CWaveWnd::onPause, this, [&] { order << "onPause"; });
+        connect(w.get(), &CWaveWnd::playPosChange, this, [&] { order << "playPosChange"; });
         release(w.get(), x + 200);
+        // The engine is paused and re-seeked quietly; playback restarts first.
+        QCOMPARE(order, QStringList({"onPlay", "playPosChange"}));
         QCOMPARE(played.count(), 2);
         QCOMPARE(played.at(1).at(0).toLongLong(), target);
         QCOMPARE(played.at(1).at(1).toBool(), false);
