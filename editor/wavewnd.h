@@ -21,6 +21,7 @@
 #include <memory>
 
 class CProgressDlg;
+class IProgress;
 class QDragEnterEvent;
 class QDropEvent;
 class QImage;
@@ -151,6 +152,10 @@ private:
     // The drawing height: the scroll bar lies over the bottom edge.
     int drawHeight() const;
     void emitSelectChange();
+    // Where a conversion reports progress and how the editor waits for one
+    // phase of it: the progress pane, or a silent wait when there is none.
+    IProgress* progressSink() const;
+    int waitPhase(float weight, float offset, bool wait);
 
     QScrollBar* scrollBar;
     int reservedConst; // 11; set by the constructor, read by nothing

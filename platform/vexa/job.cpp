@@ -85,6 +85,11 @@ RenderJob::~RenderJob()
 
 void RenderJob::start()
 {
+    // With a dispatcher the first call is posted before KeloRun returns:
+    // whoever then waits on the event loop sees this job's good status first,
+    // never the failure of an earlier job.
+    if (m_order.post)
+        notify(0, KELO_OK);
     m_thread = std::thread([self = shared_from_this()] { self->run(); });
 }
 
@@ -116,7 +121,8 @@ void RenderJob::notify(int progress, int status)
 void RenderJob::run()
 {
     t_current = this;
-    notify(0, KELO_OK);
+    if (!m_order.post)
+        notify(0, KELO_OK);
     std::string temp;
     int rc = render(&temp);
     const bool cancelled = m_cancelled->load();
