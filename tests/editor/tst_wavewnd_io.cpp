@@ -466,6 +466,18 @@ private slots:
         const long long expected = std::min<long long>(40000, std::llround(duration));
         QCOMPARE(Access::endTime(*m_wnd), expected);
 
+        // A picture of the editor on real music, at zoom 1 with a selection.
+        if (QTest::currentDataTag() == QLatin1String("main theme, one player")) {
+            m_wnd->setBeginTime(12000LL);
+            m_wnd->setEndTime(52000LL);
+            const QString shot =
+                QCoreApplication::applicationDirPath() + "/editor-screenshot-real-song.png";
+            const QImage image = m_wnd->grab().toImage();
+            QVERIFY(image.save(shot));
+            m_wnd->setBeginTime(0LL);
+            m_wnd->setEndTime(expected);
+        }
+
         m_wnd->enableFadeIn(true);
         m_wnd->fadeIn(2);
         m_wnd->enableFadeOut(true);
