@@ -9,6 +9,7 @@ extern "C" {
 }
 
 #include <memory>
+#include <string>
 
 namespace vexa {
 
@@ -42,5 +43,8 @@ using SwrPtr = std::unique_ptr<SwrContext, SwrFreer>;
 // Opens a media file for reading with FFmpeg's logging kept quiet; null on
 // failure, with *error set to the FFmpeg error code.
 InputPtr openInput(const char* path, int* error = nullptr);
+// openInput for media: refuses what is not media (plain text) and reads
+// packets for stream details only when the header lacks them. Null on failure.
+InputPtr openMedia(const std::string& path);
 
 } // namespace vexa

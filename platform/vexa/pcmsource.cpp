@@ -22,21 +22,6 @@ constexpr AVRational kOutTimeBase{1, kOutRate};
 // frames (AAC, MP3) are settled when the first kept sample comes out.
 constexpr int64_t kSeekLeadMs = 500;
 
-bool needsStreamInfo(const AVFormatContext* fmt)
-{
-    if (fmt->nb_streams == 0)
-        return true;
-    for (unsigned i = 0; i < fmt->nb_streams; ++i) {
-        const AVCodecParameters* par = fmt->streams[i]->codecpar;
-        if (par->codec_type == AVMEDIA_TYPE_UNKNOWN || par->codec_id == AV_CODEC_ID_NONE)
-            return true;
-        if (par->codec_type == AVMEDIA_TYPE_AUDIO &&
-            (par->sample_rate <= 0 || par->ch_layout.nb_channels <= 0))
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 PcmSource::PcmSource() = default;
@@ -48,13 +33,8 @@ PcmSource::~PcmSource()
 
 int PcmSource::open(const std::string& path, int64_t startMs, int64_t endMs)
 {
-    m_fmt = openInput(path.c_str());
+    m_fmt = openMedia(path);
     if (!m_fmt)
-        return KELO_E_OPEN;
-    if (std::strcmp(m_fmt->iformat->name, "tty") == 0)
-        return KELO_E_OPEN;
-    if (needsStreamInfo(m_fmt.get()) && avformat_find_stream_info(m_fmt.get(), nullptr) < 0 &&
-        m_fmt->nb_streams == 0)
         return KELO_E_OPEN;
 
     const AVCodec* codec = nullptr;

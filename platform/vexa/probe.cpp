@@ -4,6 +4,7 @@
 #include "registry.h"
 
 #include <cstring>
+#include <string>
 
 extern "C" {
 #include <libavutil/log.h>
@@ -28,7 +29,9 @@ InputPtr openInput(const char* path, int* error)
     // Keep probing cheap: a song needs a few kilobytes to be recognised.
     raw->probesize = 1 << 20;
     raw->max_analyze_duration = AV_TIME_BASE / 2;
-    const int rc = avformat_open_input(&raw, path, nullptr, nullptr);
+    // Always through the file protocol: "Song: Remix.flac" is a file, not a URL.
+    const std::string url = std::string("file:") + path;
+    const int rc = avformat_open_input(&raw, url.c_str(), nullptr, nullptr);
     if (rc < 0) {
         if (error)
             *error = rc;
@@ -39,7 +42,9 @@ InputPtr openInput(const char* path, int* error)
     return InputPtr(raw);
 }
 
-static bool needsStreamInfo(const AVFormatContext* fmt)
+namespace {
+
+bool needsStreamInfo(const AVFormatContext* fmt)
 {
     if (fmt->nb_streams == 0)
         return true;
@@ -47,8 +52,28 @@ static bool needsStreamInfo(const AVFormatContext* fmt)
         const AVCodecParameters* par = fmt->streams[i]->codecpar;
         if (par->codec_type == AVMEDIA_TYPE_UNKNOWN || par->codec_id == AV_CODEC_ID_NONE)
             return true;
+        if (par->codec_type == AVMEDIA_TYPE_AUDIO &&
+            (par->sample_rate <= 0 || par->ch_layout.nb_channels <= 0))
+            return true;
     }
     return false;
+}
+
+} // namespace
+
+InputPtr openMedia(const std::string& path)
+{
+    InputPtr fmt = openInput(path.c_str());
+    if (!fmt)
+        return nullptr;
+    // FFmpeg reads any text file as ANSI art; that is not media to us.
+    if (std::strcmp(fmt->iformat->name, "tty") == 0)
+        return nullptr;
+    // Most containers describe their streams in the header; read packets only when not.
+    if (needsStreamInfo(fmt.get()) && avformat_find_stream_info(fmt.get(), nullptr) < 0 &&
+        fmt->nb_streams == 0)
+        return nullptr;
+    return fmt;
 }
 
 static tagKeloStreamInfo describe(const AVFormatContext* fmt, const AVStream* st)
@@ -84,15 +109,8 @@ static tagKeloStreamInfo describe(const AVFormatContext* fmt, const AVStream* st
 
 int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* streams)
 {
-    int err = 0;
-    InputPtr fmt = openInput(path.c_str(), &err);
+    InputPtr fmt = openMedia(path);
     if (!fmt)
-        return KELO_E_OPEN;
-    // FFmpeg reads any text file as ANSI art; that is not media to us.
-    if (std::strcmp(fmt->iformat->name, "tty") == 0)
-        return KELO_E_OPEN;
-    if (needsStreamInfo(fmt.get()) && avformat_find_stream_info(fmt.get(), nullptr) < 0 &&
-        fmt->nb_streams == 0)
         return KELO_E_OPEN;
     streams->clear();
     streams->reserve(fmt->nb_streams);

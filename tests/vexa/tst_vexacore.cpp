@@ -120,6 +120,21 @@ private slots:
         DestroyTimeline(t);
     }
 
+    void shouldOpenRelativePathsThatLookLikeUrls()
+    {
+        const QString dir = tw::fixtureDir();
+        QVERIFY(QFile::copy(tw::flacFixture(), dir + "/Song: Remix.flac"));
+        const QString old = QDir::currentPath();
+        QDir::setCurrent(dir);
+        const int t = CreateTimelineEx("x", -1);
+        const QByteArray rel("Song: Remix.flac");
+        const tagKeloMediaSrc src = source(rel);
+        const int id = KeloAddMedia2(t, &src, 0, 0);
+        QDir::setCurrent(old);
+        QVERIFY(id >= 0);
+        DestroyTimeline(t);
+    }
+
     void shouldKeepPathAndSpanOfAnItem()
     {
         const int t = CreateTimelineEx("x", -1);
