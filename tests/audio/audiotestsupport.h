@@ -4,6 +4,8 @@
 // the engine's documented rules (not from its code) so that a test compares
 // two separate computations.
 
+#include "audio/wavehelper.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -11,8 +13,19 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace audiotest {
+
+// Closes whatever a test left open, even when it failed half-way.
+struct WaveGuard
+{
+    tagWaveInfo w;
+    WaveGuard() { std::memset(&w, 0, sizeof w); }
+    ~WaveGuard() { WaveHelperUninit(&w); }
+    WaveGuard(const WaveGuard&) = delete;
+    WaveGuard& operator=(const WaveGuard&) = delete;
+};
 
 // --- fixtures ---------------------------------------------------------------
 

@@ -24,16 +24,6 @@ bool isZero(const tagWaveInfo& w)
     return std::memcmp(&w, &zero, sizeof w) == 0;
 }
 
-// Closes whatever a test left open, even when it failed half-way.
-struct WaveGuard
-{
-    tagWaveInfo w;
-    WaveGuard() { std::memset(&w, 0, sizeof w); }
-    ~WaveGuard() { WaveHelperUninit(&w); }
-    WaveGuard(const WaveGuard&) = delete;
-    WaveGuard& operator=(const WaveGuard&) = delete;
-};
-
 } // namespace
 
 class TestWaveHelper : public QObject
@@ -106,7 +96,7 @@ QString TestWaveHelper::makeWav(const QString& name, int rate, int channels, int
 
 void TestWaveHelper::shouldRefuseNullArguments()
 {
-    WaveGuard g;
+    audiotest::WaveGuard g;
     const QString path = makeWav("null.wav", 44100, 1, 8, audiotest::noise(441000, 1));
     QCOMPARE(WaveHelperInit(nullptr, &g.w), -4);
     QVERIFY(isZero(g.w));
@@ -123,7 +113,7 @@ void TestWaveHelper::shouldFailWhenFileCannotBeOpened_data()
 void TestWaveHelper::shouldFailWhenFileCannotBeOpened()
 {
     QFETCH(QString, path);
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), -1);
     QVERIFY(isZero(g.w));
 }
@@ -176,7 +166,7 @@ void TestWaveHelper::shouldAcceptFileAtSizeLimit()
     QFile f(path);
     QVERIFY(f.resize(0x7D000000LL));
     {
-        WaveGuard g;
+        audiotest::WaveGuard g;
         QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
         QCOMPARE(g.w.frameCount, 20000u);
     }
@@ -243,7 +233,7 @@ void TestWaveHelper::shouldAcceptUnknownFormatWithoutPeaksOrDevice()
     const QString path = makeWav("odd.wav", 44100, channels, bits,
                                  audiotest::noise(44100 * channels * bits / 8 * 11, 4));
     const QByteArray before = audiotest::readFile(path);
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(g.w.formatKey, formatKey);
     QCOMPARE(g.w.peakTable, nullptr);
@@ -283,7 +273,7 @@ void TestWaveHelper::shouldReadHeaderIntoRecord()
     const unsigned frames = 44100 * 10 + 777;
     const QString path =
         makeWav("fields.wav", 44100, channels, bits, audiotest::noise(frames * frameBytes, 5));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(g.w.formatKey, formatKey);
     QCOMPARE(int(g.w.frameBytes), frameBytes);
@@ -369,7 +359,7 @@ void TestWaveHelper::shouldBuildPeakTable()
             minMax(whole * 512, rest, 1);
     }
 
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     const int peakCount = (frames + 511) >> 9;
     QCOMPARE(g.w.peakCount, peakCount);
@@ -425,7 +415,7 @@ void TestWaveHelper::shouldServeRawDataFromRoundedOffset()
     const int frameBytes = channels * bits / 8;
     const QByteArray data = audiotest::noise(450000LL * frameBytes, 6);
     const QString path = makeWav("raw.wav", 44100, channels, bits, data);
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     // Twice: once after a seek, once continuing where the first read ended.
     for (int pass = 0; pass < 2; ++pass) {
@@ -443,7 +433,7 @@ void TestWaveHelper::shouldNeverWritePastRawBuffer()
 {
     const QByteArray data = audiotest::noise(5000000, 7);
     const QString path = makeWav("big.wav", 44100, 1, 8, data);
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     // Larger than the 4 MiB buffer: only what fits is read.
     unsigned char* raw = WaveHelperGetRawData(&g.w, 0, 5000000);
@@ -489,7 +479,7 @@ void TestWaveHelper::shouldPlaceFadesAtByteOffsets()
     QFETCH(int, outEnd);
     const QString path =
         makeWav("fades.wav", rate, channels, bits, QByteArray(rate * channels * bits / 8 * 11, 0));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     WaveHelperFadeIn(&g.w, 7, 7); // replaced below
     QCOMPARE(WaveHelperFadeIn(&g.w, start, length), 0);
@@ -502,7 +492,7 @@ void TestWaveHelper::shouldPlaceFadesAtByteOffsets()
 
 void TestWaveHelper::shouldStoreVolumeWithoutRangeCheck()
 {
-    WaveGuard g;
+    audiotest::WaveGuard g;
     for (int v : {0, 100, 256, 300, -5}) {
         QCOMPARE(WaveHelperChangeVolume(&g.w, v), 0);
         QCOMPARE(g.w.volume, v);
@@ -536,7 +526,7 @@ void TestWaveHelper::shouldSeekByWholeMillisecondFrames()
     QFETCH(qlonglong, reported);
     const QString path =
         makeWav("seek.wav", rate, channels, bits, QByteArray(rate * channels * bits / 8 * 11, 0));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(WaveHelperSetPos(&g.w, ms), 0);
     QCOMPARE(std::ftell(g.w.playFile), offset);
@@ -545,7 +535,7 @@ void TestWaveHelper::shouldSeekByWholeMillisecondFrames()
 
 void TestWaveHelper::shouldAnswerPositionWithoutStream()
 {
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperGetPos(&g.w), 0LL);
     QCOMPARE(WaveHelperSetPos(&g.w, 500), -1);
     QCOMPARE(WaveHelperGetRawData(&g.w, 0, 10), nullptr);
@@ -555,7 +545,7 @@ void TestWaveHelper::shouldAnswerPositionWithoutStream()
 void TestWaveHelper::shouldToggleBetweenPlayAndPause()
 {
     const QString path = makeWav("toggle.wav", 44100, 2, 16, audiotest::noise(44100 * 4 * 20, 8));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(WaveHelperPlay(&g.w), 1);
     QCOMPARE(WaveHelperGetState(&g.w), 1);
@@ -574,7 +564,7 @@ void TestWaveHelper::shouldToggleBetweenPlayAndPause()
 void TestWaveHelper::shouldPauseOnlyWhilePlaying()
 {
     const QString path = makeWav("pause.wav", 44100, 1, 8, audiotest::noise(44100 * 20, 9));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(WaveHelperPause(&g.w), 0);
     QCOMPARE(WaveHelperGetState(&g.w), 0);
@@ -594,7 +584,7 @@ void TestWaveHelper::shouldPauseOnlyWhilePlaying()
 void TestWaveHelper::shouldStopWithoutRewinding()
 {
     const QString path = makeWav("stop.wav", 44100, 2, 16, audiotest::noise(44100 * 4 * 20, 10));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(WaveHelperSetPos(&g.w, 5000), 0);
     QCOMPARE(WaveHelperPlay(&g.w), 1);
@@ -612,7 +602,7 @@ void TestWaveHelper::shouldStopWithoutRewinding()
 void TestWaveHelper::shouldStopAtEndOfData()
 {
     const QString path = makeWav("end.wav", 44100, 2, 16, audiotest::noise(44100 * 4 * 3, 11));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     QCOMPARE(WaveHelperSetPos(&g.w, 2900), 0);
     QCOMPARE(WaveHelperPlay(&g.w), 1);
@@ -650,7 +640,7 @@ void TestWaveHelper::shouldRefuseNullRecordOnUninit()
 void TestWaveHelper::shouldReopenAfterUninit()
 {
     const QString path = makeWav("again.wav", 44100, 2, 16, audiotest::noise(44100 * 4 * 3, 13));
-    WaveGuard g;
+    audiotest::WaveGuard g;
     for (int i = 0; i < 3; ++i) {
         QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
         QCOMPARE(g.w.frameCount, 44100u * 3);

@@ -78,15 +78,6 @@ QString firstDifference(const QByteArray& got, const QByteArray& want, int frame
     return QString();
 }
 
-struct WaveGuard
-{
-    tagWaveInfo w;
-    WaveGuard() { std::memset(&w, 0, sizeof w); }
-    ~WaveGuard() { WaveHelperUninit(&w); }
-    WaveGuard(const WaveGuard&) = delete;
-    WaveGuard& operator=(const WaveGuard&) = delete;
-};
-
 } // namespace
 
 class TestWaveHelperCallback : public QObject
@@ -189,7 +180,7 @@ void TestWaveHelperCallback::shouldPlayFileWithEffects()
     const int frameBytes = channels * bits / 8;
     const int length = 1024 * frameBytes; // SDL's buffer for 1024 frames
 
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     setEffects(&g.w, volume, inStart, inLength, outStart, outLength);
     QCOMPARE(WaveHelperSetPos(&g.w, posMs), 0);
@@ -239,7 +230,7 @@ void TestWaveHelperCallback::shouldStopAndPadWithSilenceAtEndOfData()
     const int frameBytes = channels * bits / 8;
     const int length = 1024 * frameBytes;
 
-    WaveGuard g;
+    audiotest::WaveGuard g;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
     setEffects(&g.w, volume, -1, 0, outStart, 1);
     // 300 frames before the end: one short read, then nothing.

@@ -42,15 +42,6 @@ struct MessageCapture
     QtMessageHandler previous;
 };
 
-struct WaveGuard
-{
-    tagWaveInfo w;
-    WaveGuard() { std::memset(&w, 0, sizeof w); }
-    ~WaveGuard() { WaveHelperUninit(&w); }
-    WaveGuard(const WaveGuard&) = delete;
-    WaveGuard& operator=(const WaveGuard&) = delete;
-};
-
 } // namespace
 
 class TestWaveHelperPlayback : public QObject
@@ -125,7 +116,7 @@ void TestWaveHelperPlayback::shouldPlayEveryBufferWithEffectsThroughSdl()
 
     audiotest::Effects e;
     {
-        WaveGuard g;
+        audiotest::WaveGuard g;
         QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
         QCOMPARE(QString::fromLatin1(SDL_GetCurrentAudioDriver()), QString("disk"));
         WaveHelperChangeVolume(&g.w, 110);
@@ -184,7 +175,7 @@ void TestWaveHelperPlayback::shouldFallBackToDummyDriverWhenNoDriverStarts()
     QVERIFY(audiotest::writeFile(
         path, audiotest::makeWav(44100, 2, 16, audiotest::noise(44100 * 4 * 3, 1))));
     qputenv("SDL_AUDIODRIVER", "no-such-driver");
-    WaveGuard g;
+    audiotest::WaveGuard g;
     {
         MessageCapture log;
         QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
@@ -209,7 +200,7 @@ void TestWaveHelperPlayback::shouldFallBackToDummyDriverWhenDeviceCannotOpen()
     // The disk driver starts, but its device cannot be opened.
     qputenv("SDL_AUDIODRIVER", "disk");
     qputenv("SDL_DISKAUDIOFILE", m_dir.filePath("no/such/dir/out.raw").toLocal8Bit());
-    WaveGuard g;
+    audiotest::WaveGuard g;
     {
         MessageCapture log;
         QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
@@ -227,7 +218,7 @@ void TestWaveHelperPlayback::shouldLeaveAnotherRecordsDeviceAlone()
     const QString path = m_dir.filePath("twice.wav");
     QVERIFY(audiotest::writeFile(
         path, audiotest::makeWav(44100, 2, 16, audiotest::noise(44100 * 4 * 3, 3))));
-    WaveGuard first;
+    audiotest::WaveGuard first;
     QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &first.w), 0);
     tagWaveInfo second;
     std::memset(&second, 0, sizeof second);
