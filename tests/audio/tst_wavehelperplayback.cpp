@@ -2,7 +2,8 @@
 // buffer the engine's callback filled, which is compared with the model;
 // and the fallback to the dummy driver when no audio device can be used.
 // Each test picks its driver through the environment and starts SDL's
-// audio afresh.
+// audio afresh. Last, SDL started from nothing leaves SIGINT and SIGTERM
+// to the program.
 
 #include "audio/wavehelper.h"
 #include "audiotestsupport.h"
@@ -16,6 +17,10 @@
 #include <SDL.h>
 
 #include <cstring>
+
+#ifdef Q_OS_UNIX
+#include <signal.h>
+#endif
 
 namespace {
 
@@ -58,6 +63,7 @@ private slots:
     void shouldFallBackToDummyDriverWhenNoDriverStarts();
     void shouldFallBackToDummyDriverWhenDeviceCannotOpen();
     void shouldLeaveAnotherRecordsDeviceAlone();
+    void shouldLeaveSignalHandlingToTheProgram();
 
 private:
     QTemporaryDir m_dir;
@@ -233,6 +239,63 @@ void TestWaveHelperPlayback::shouldLeaveAnotherRecordsDeviceAlone()
     QCOMPARE(SDL_GetAudioStatus(), SDL_AUDIO_PLAYING);
     QCOMPARE(WaveHelperStop(&first.w), 0);
     QCOMPARE(WaveHelperUninit(&second), 0);
+}
+
+void TestWaveHelperPlayback::shouldLeaveSignalHandlingToTheProgram()
+{
+    const QString path = m_dir.filePath("signals.wav");
+    QVERIFY(audiotest::writeFile(
+        path, audiotest::makeWav(44100, 2, 16, audiotest::noise(44100 * 4 * 3, 4))));
+#ifdef Q_OS_UNIX
+    // The test runner may have its own handlers for SIGINT and SIGTERM, and
+    // SDL only takes a signal whose handler is the default: put the defaults
+    // back for the time of the test, so that SDL would take them.
+    struct SignalRestorer
+    {
+        struct sigaction oldInt, oldTerm;
+        SignalRestorer()
+        {
+            struct sigaction plain;
+            std::memset(&plain, 0, sizeof plain);
+            plain.sa_handler = SIG_DFL;
+            sigemptyset(&plain.sa_mask);
+            sigaction(SIGINT, &plain, &oldInt);
+            sigaction(SIGTERM, &plain, &oldTerm);
+        }
+        ~SignalRestorer()
+        {
+            sigaction(SIGINT, &oldInt, nullptr);
+            sigaction(SIGTERM, &oldTerm, nullptr);
+        }
+        SignalRestorer(const SignalRestorer&) = delete;
+        SignalRestorer& operator=(const SignalRestorer&) = delete;
+    } restorer;
+#endif
+    // SDL installs its handlers when its event loop starts: start SDL from
+    // nothing, with the hint saying it may.
+    SDL_Quit();
+    QCOMPARE(SDL_WasInit(SDL_INIT_EVERYTHING), Uint32(0));
+    qunsetenv("SDL_NO_SIGNAL_HANDLERS");
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "0");
+    QCOMPARE(QString::fromLatin1(SDL_GetHint(SDL_HINT_NO_SIGNAL_HANDLERS)), QString("0"));
+
+    audiotest::WaveGuard g;
+    QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
+    QVERIFY(SDL_WasInit(SDL_INIT_EVENTS) != 0);
+    QVERIFY(SDL_GetHint(SDL_HINT_NO_SIGNAL_HANDLERS) != nullptr);
+    QCOMPARE(QString::fromLatin1(SDL_GetHint(SDL_HINT_NO_SIGNAL_HANDLERS)), QString("1"));
+#ifdef Q_OS_UNIX
+    struct sigaction now;
+    std::memset(&now, 0, sizeof now);
+    QCOMPARE(sigaction(SIGINT, nullptr, &now), 0);
+    QVERIFY(now.sa_handler == SIG_DFL);
+    QCOMPARE(now.sa_flags & SA_SIGINFO, 0);
+    std::memset(&now, 0, sizeof now);
+    QCOMPARE(sigaction(SIGTERM, nullptr, &now), 0);
+    QVERIFY(now.sa_handler == SIG_DFL);
+    QCOMPARE(now.sa_flags & SA_SIGINFO, 0);
+#endif
+    QCOMPARE(WaveHelperUninit(&g.w), 0);
 }
 
 TW_TEST_MAIN(TestWaveHelperPlayback)

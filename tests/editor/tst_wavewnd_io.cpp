@@ -15,8 +15,10 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -230,10 +232,58 @@ private slots:
     {
         const QString path = m_dir.filePath("plain.wav");
         QVERIFY(tw::writeWav(path, 44100, 2, 16, 44100 * 12, twed::sine(44100, 16, 300, 0.5)));
+        const QStringList before = tempWaves();
+        QSignalSpy opened(m_wnd, &CWaveWnd::waveOpened);
         QSignalSpy selected(m_wnd, &CWaveWnd::selectChange);
         QCOMPARE(m_wnd->openFile(song(path)), 0);
+        QCOMPARE(opened.count(), 1);
+        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
         QCOMPARE(checksum(Access::wavePath(*m_wnd)), checksum(path));
         QCOMPARE(selected.last().at(1).toTime(), QTime(0, 0, 12, 0));
+
+        // One new temporary file in the cache, named by the time of day,
+        // holding the source byte for byte.
+        QStringList added = tempWaves();
+        for (const QString& name : before)
+            added.removeAll(name);
+        QCOMPARE(added.size(), 1);
+        QVERIFY2(QRegularExpression("^wave_\\d{9}\\.tmp$").match(added.first()).hasMatch(),
+                 qPrintable(added.first()));
+        QCOMPARE(cachePath(added.first()), Access::wavePath(*m_wnd));
+        QFile copy(cachePath(added.first()));
+        QFile source(path);
+        QVERIFY(copy.open(QIODevice::ReadOnly));
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        QCOMPARE(copy.size(), source.size());
+        QVERIFY(copy.readAll() == source.readAll());
+    }
+
+    void shouldTellAWaveOnlyByItsRiffWaveHeader()
+    {
+        const auto write = [this](const QString& name, const QByteArray& bytes) {
+            const QString path = m_dir.filePath(name);
+            QFile f(path);
+            if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
+                return QByteArray();
+            return path.toLocal8Bit();
+        };
+        const QByteArray riffSize(4, '\0'); // the RIFF size is not looked at
+        const QByteArray wave = write("header.wav", QByteArray("RIFF") + riffSize + "WAVE");
+        const QByteArray avi = write("header.avi", QByteArray("RIFF") + riffSize + "AVI ");
+        const QByteArray noForm = write("noform.wav", QByteArray("RIFF") + riffSize);
+        const QByteArray tiny = write("tiny.wav", QByteArray("RIF"));
+        QVERIFY(!wave.isEmpty() && !avi.isEmpty() && !noForm.isEmpty() && !tiny.isEmpty());
+        QCOMPARE(QFileInfo(QString::fromLocal8Bit(wave)).size(), qint64(12));
+        QCOMPARE(QFileInfo(QString::fromLocal8Bit(tiny)).size(), qint64(3));
+        const QByteArray missing = m_dir.filePath("missing.wav").toLocal8Bit();
+        QVERIFY(!QFile::exists(QString::fromLocal8Bit(missing)));
+
+        QVERIFY(!m_wnd->isWaveFile(nullptr));
+        QVERIFY(!m_wnd->isWaveFile(missing.constData()));
+        QVERIFY(!m_wnd->isWaveFile(avi.constData()));
+        QVERIFY(!m_wnd->isWaveFile(noForm.constData()));
+        QVERIFY(!m_wnd->isWaveFile(tiny.constData()));
+        QVERIFY(m_wnd->isWaveFile(wave.constData()));
     }
 
     void shouldRefuseTextFileWithoutCreatingAnything()
@@ -348,6 +398,38 @@ private slots:
         QVERIFY(std::fabs(probeDuration(again) * 1000.0 - 40000.0) <= kAacFrameMs);
         QVERIFY(Access::wavePath(*m_wnd) != secondWave);
         QVERIFY(QFile::exists(ringtoneDir() + "/Again.m4r"));
+    }
+
+    void shouldSignalPauseOnceTheWaveIsClosedForExport()
+    {
+        const QString src = m_dir.filePath("paused.wav");
+        QVERIFY(tw::writeWav(src, 44100, 2, 16, 44100 * 12, twed::sine(44100, 16, 440, 0.5)));
+        QCOMPARE(m_wnd->openFile(song(src)), 0);
+        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
+        QVERIFY(!Access::preview(*m_wnd));
+        const QString ring = cachePath("Paused.m4r");
+        QFile::remove(ring);
+
+        QSignalSpy paused(m_wnd, &CWaveWnd::onPause);
+        // What the editor looks like at the moment it reports the pause.
+        bool closed = false;
+        bool ringWritten = true;
+        const QMetaObject::Connection seen = connect(m_wnd, &CWaveWnd::onPause, this, [&] {
+            closed = Access::wave(*m_wnd).peakTable == nullptr &&
+                     Access::wave(*m_wnd).scanFile == nullptr &&
+                     Access::wave(*m_wnd).playFile == nullptr;
+            ringWritten = QFile::exists(ring);
+        });
+        const int rc = m_wnd->convertToM4r(ring);
+        QObject::disconnect(seen);
+        QVERIFY2(rc >= 0, qPrintable(QString::number(rc)));
+
+        QCOMPARE(paused.count(), 1);
+        QCOMPARE(paused.at(0).at(0).toBool(), false);
+        QVERIFY(closed);       // the engine had written its effects and let go
+        QVERIFY(!ringWritten); // before the ringtone was made
+        QVERIFY(QFile::exists(ring));
+        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr); // reloaded afterwards
     }
 
     void shouldReplaceAnExistingRingtoneOfTheSameName()

@@ -170,6 +170,38 @@ private slots:
         QCOMPARE(Access::mouseMode(*w), 0);
     }
 
+    void shouldDoNothingOnADragOverAnEmptyZone()
+    {
+        auto w = editor(sixty, 500, 10000, 20000);
+        QVERIFY(w);
+        Access::playPos(*w) = 30000;
+        QCOMPARE(w->getAction(400, kWaveY), 0); // right of the cursor, off every zone
+        QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
+        QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
+        QSignalSpy played(w.get(), &CWaveWnd::onPlay);
+        w->setCursor(Qt::WaitCursor);
+        press(w.get(), 400);
+        // Only the select() slot draws a new selection; this press grabs nothing.
+        QCOMPARE(Access::mouseMode(*w), 0);
+        QVERIFY(w->hasMouseTracking());
+        QCOMPARE(w->cursor().shape(), Qt::WaitCursor);
+        drag(w.get(), 450);
+        // With nothing grabbed a move only hovers: the arrow of an empty zone.
+        QCOMPARE(w->cursor().shape(), Qt::ArrowCursor);
+        QCOMPARE(Access::mouseMode(*w), 0);
+        release(w.get(), 450);
+        QCOMPARE(Access::mouseMode(*w), 0);
+        QVERIFY(w->hasMouseTracking());
+        QCOMPARE(Access::beginTime(*w), 10000LL);
+        QCOMPARE(Access::endTime(*w), 20000LL);
+        QCOMPARE(Access::playPos(*w), 30000LL);
+        QCOMPARE(Access::scrollX(*w), 0);
+        QCOMPARE(selected.count(), 0);
+        QCOMPARE(pos.count(), 0);
+        QCOMPARE(played.count(), 0);
+        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 0);
+    }
+
     void shouldDrawNewSelectionWithoutMinimum_data()
     {
         QTest::addColumn<int>("from");
@@ -457,6 +489,52 @@ private slots:
         w->pause();
     }
 
+    void shouldMoveOnlyTheCursorWhenDraggedWhilePaused()
+    {
+        auto w = editor(sixty, 600, 30000, 40000); // the cursor runs left of it
+        QVERIFY(w);
+        w->play();
+        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) >= 1000, 5000);
+        w->pause();
+        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
+        QVERIFY(!Access::timerActive(*w));
+        QTest::qWait(100);
+        const long long held = Access::playPos(*w);
+        const long long engineHeld = WaveHelperGetPos(&Access::wave(*w));
+        QSignalSpy played(w.get(), &CWaveWnd::onPlay);
+        QSignalSpy paused(w.get(), &CWaveWnd::onPause);
+        QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
+
+        const int x = int(held / 100);
+        press(w.get(), x);
+        QCOMPARE(Access::mouseMode(*w), 5);
+        drag(w.get(), x + 150);
+        const long long target = held + 15000;
+        QCOMPARE(Access::playPos(*w), target);
+        QCOMPARE(pos.count(), 0);
+        release(w.get(), x + 150);
+        QCOMPARE(Access::playPos(*w), target);
+        QCOMPARE(pos.count(), 1);
+        QCOMPARE(pos.at(0).at(0).toLongLong(), target);
+        // Still paused, and the engine was neither resumed nor moved.
+        QCOMPARE(played.count(), 0);
+        QCOMPARE(paused.count(), 0);
+        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
+        QVERIFY(!Access::timerActive(*w));
+        QCOMPARE(WaveHelperGetPos(&Access::wave(*w)), engineHeld);
+
+        // The next play starts from the dragged place.
+        w->play();
+        QCOMPARE(played.count(), 1);
+        QCOMPARE(played.at(0).at(0).toLongLong(), target);
+        QCOMPARE(played.at(0).at(1).toBool(), false);
+        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 1);
+        const long long enginePos = WaveHelperGetPos(&Access::wave(*w));
+        QVERIFY2(enginePos >= target && enginePos < target + 500,
+                 qPrintable(QString::number(enginePos)));
+        w->pause();
+    }
+
     void shouldGrabPlayCursorByItsMarkerInTheRuler()
     {
         auto w = editor(sixty, 500, 10000, 20000);
@@ -494,6 +572,31 @@ private slots:
         QCOMPARE(Access::playPos(*w), 39500LL);
         QCOMPARE(Access::scrollX(*w), 15);
         release(w.get(), 395);
+    }
+
+    void shouldScrollLeftWhenPlayCursorNearsTheSide()
+    {
+        auto w = editor(sixty, 400, 10000, 20000); // 600 px wave in 400 px
+        QVERIFY(w);
+        Access::scrollBar(*w)->setValue(200); // the view shows 20 .. 60 s
+        QCOMPARE(Access::scrollX(*w), 200);
+        Access::playPos(*w) = 25000; // x = 50
+        QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
+        press(w.get(), 50);
+        QCOMPARE(Access::mouseMode(*w), 5);
+        drag(w.get(), 45); // one step further on it is still in view
+        QCOMPARE(Access::playPos(*w), 24500LL);
+        QCOMPARE(Access::scrollX(*w), 200);
+        drag(w.get(), 5); // one step further on it would be left of the view
+        QCOMPARE(Access::playPos(*w), 20500LL);
+        QCOMPARE(Access::scrollX(*w), 160);
+        QCOMPARE(Access::scrollBar(*w)->value(), 160);
+        QCOMPARE(pos.count(), 0);
+        release(w.get(), 5);
+        QCOMPARE(Access::playPos(*w), 20500LL);
+        QCOMPARE(Access::scrollX(*w), 160);
+        QCOMPARE(pos.count(), 1);
+        QCOMPARE(pos.at(0).at(0).toLongLong(), 20500LL);
     }
 
     void shouldContinuePlaybackFromDraggedPlace()

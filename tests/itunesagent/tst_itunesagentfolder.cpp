@@ -1,7 +1,8 @@
 // The library agent serving the folder library: tagged files of each format
 // in the (temporary) Music and Videos folders, their embedded artwork, the
 // video flag, playlist files of each kind, a broken file, the ringtones
-// folder, the scan cache and its incremental refresh, and AppendRingtone.
+// folder, the two-pass protocol, handles and positions, the scan cache and
+// its incremental refresh, and AppendRingtone.
 
 #include "tests/itunesagent/agentfixtures.h"
 
@@ -9,6 +10,9 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cstdint>
+#include <vector>
 
 class TestItunesAgentFolder : public QObject
 {
@@ -33,6 +37,10 @@ private slots:
     void shouldListPlaylistFilesOfEachKind();
     void shouldSkipAnUnreadablePlaylistWithALogLine();
     void shouldListTheRingtonesFolder();
+    void shouldFillSizesFirstAndTextsSecond();
+    void shouldRefuseClosedAndMadeUpHandles();
+    void shouldRefuseOutOfRangePositions_data();
+    void shouldRefuseOutOfRangePositions();
     void shouldSearchTheFolderLibrary_data();
     void shouldSearchTheFolderLibrary();
     void shouldAppendRingtoneIntoMusicRingtones();
@@ -334,6 +342,131 @@ void TestItunesAgentFolder::shouldListTheRingtonesFolder()
     QCOMPARE(tones.size(), 1);
     QCOMPARE(tones[0].title, QString("Old Tone"));
     QCOMPARE(tones[0].location, m_music + "/Ringtones/Old Tone.m4r");
+}
+
+void TestItunesAgentFolder::shouldFillSizesFirstAndTextsSecond()
+{
+    const QString joga = QString::fromUtf8("Jóga");
+    const int song = musicIndexOf(joga);
+    QVERIFY(song >= 0);
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    tagSongInfo info = {};
+    QCOMPARE(GetSongInfo(h, song, &info), int(ITA_OK));
+    QCOMPARE(info.nTitleSize, int(joga.toUtf8().size()) + 1);
+    QCOMPARE(info.nArtistSize, int(QString::fromUtf8("Björk").toUtf8().size()) + 1);
+    QCOMPARE(info.nAlbumSize, 10); // "Homogenic"
+    const QString location = m_music + QString::fromUtf8("/Björk/Jóga.m4a");
+    QCOMPARE(info.nLocationSize, int(location.toUtf8().size()) + 1);
+    QVERIFY(!info.pszTitle && !info.pszArtist);
+
+    std::vector<char> title(info.nTitleSize, 'x'), artist(info.nArtistSize, 'x');
+    info.pszTitle = title.data();
+    info.pszArtist = artist.data();
+    info.bVideo = 7;
+    QCOMPARE(GetSongInfo(h, song, &info), int(ITA_OK));
+    QCOMPARE(QString::fromUtf8(title.data()), joga);
+    QCOMPARE(QString::fromUtf8(artist.data()), QString::fromUtf8("Björk"));
+    QCOMPARE(info.bVideo, 0);
+    // Fields left without a buffer get their sizes again.
+    QCOMPARE(info.nAlbumSize, 10);
+    QCOMPARE(info.nLocationSize, int(location.toUtf8().size()) + 1);
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+}
+
+void TestItunesAgentFolder::shouldRefuseClosedAndMadeUpHandles()
+{
+    const int yesterday = musicIndexOf("Yesterday");
+    QVERIFY(yesterday >= 0);
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    QCOMPARE(GetSongCount(h), 7);
+    QCOMPARE(GetPlaylistKind(h), int(ITA_KIND_MUSIC));
+    void* art = OpenArtwork(h, yesterday);
+    QVERIFY(art);
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+
+    QCOMPARE(GetSongCount(h), int(ITA_E_HANDLE));
+    QCOMPARE(GetPlaylistKind(h), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(h), int(ITA_E_HANDLE));
+    QCOMPARE(OpenArtwork(h, yesterday), nullptr);
+    tagSongInfo info = {};
+    info.nTitleSize = 1234;
+    QCOMPARE(GetSongInfo(h, 0, &info), int(ITA_E_HANDLE));
+    QCOMPARE(info.nTitleSize, 1234); // left as it was
+
+    // The artwork handle lives on without its playlist.
+    QCOMPARE(GetArtworkCount(art), 1);
+    // An artwork handle is no playlist handle, and the other way round.
+    QCOMPARE(GetSongCount(art), int(ITA_E_HANDLE));
+    void* other = OpenPlaylist(ITA_COLLECTION_LIBRARY, 1);
+    QVERIFY(other);
+    QCOMPARE(GetArtworkCount(other), int(ITA_E_HANDLE));
+    QCOMPARE(CloseArtwork(other), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(other), int(ITA_OK));
+    QCOMPARE(CloseArtwork(art), int(ITA_OK));
+    QCOMPARE(CloseArtwork(art), int(ITA_E_HANDLE));
+    QCOMPARE(GetArtworkCount(art), int(ITA_E_HANDLE));
+    tagArtworkInfo artInfo = {};
+    QCOMPARE(GetArtworkInfo(art, 0, &artInfo), int(ITA_E_HANDLE));
+
+    const void* madeUp = reinterpret_cast<const void*>(uintptr_t(0x12345678));
+    QCOMPARE(GetSongCount(madeUp), int(ITA_E_HANDLE));
+    QCOMPARE(GetPlaylistKind(madeUp), int(ITA_E_HANDLE));
+    QCOMPARE(GetSongInfo(madeUp, 0, &info), int(ITA_E_HANDLE));
+    QCOMPARE(GetSongCount(nullptr), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(nullptr), int(ITA_E_HANDLE));
+    QCOMPARE(CloseArtwork(nullptr), int(ITA_E_HANDLE));
+}
+
+void TestItunesAgentFolder::shouldRefuseOutOfRangePositions_data()
+{
+    QTest::addColumn<int>("collection");
+    QTest::addColumn<int>("position");
+    // Music, Movies and Ringtones; five playlist files; nothing in between.
+    QTest::newRow("negative position") << 0 << -1;
+    QTest::newRow("past the last built-in playlist") << 0 << 3;
+    QTest::newRow("past the last playlist file") << 2 << 5;
+    QTest::newRow("far past the last") << 2 << 1000000;
+    QTest::newRow("empty collection 1") << 1 << 0;
+    QTest::newRow("collection 3") << 3 << 0;
+    QTest::newRow("negative collection") << -1 << 0;
+}
+
+void TestItunesAgentFolder::shouldRefuseOutOfRangePositions()
+{
+    QFETCH(int, collection);
+    QFETCH(int, position);
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_LIBRARY), 3);
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_PLAYLISTS), 5);
+    QCOMPARE(OpenPlaylist(collection, position), nullptr);
+    char buffer[8];
+    QCOMPARE(GetPlaylistName(collection, position, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetPlaylistName(collection, position, buffer, sizeof buffer), int(ITA_E_ARGUMENT));
+
+    const int yesterday = musicIndexOf("Yesterday");
+    QVERIFY(yesterday >= 0);
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    const int songs = GetSongCount(h);
+    QCOMPARE(songs, 7);
+    tagSongInfo info = {};
+    QCOMPARE(GetSongInfo(h, -1, &info), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongInfo(h, songs, &info), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongInfo(h, 0, nullptr), int(ITA_E_ARGUMENT));
+    QCOMPARE(OpenArtwork(h, songs), nullptr);
+    QCOMPARE(OpenArtwork(h, -1), nullptr);
+    void* art = OpenArtwork(h, yesterday);
+    QVERIFY(art);
+    QCOMPARE(GetArtworkCount(art), 1);
+    tagArtworkInfo artInfo = {};
+    QCOMPARE(GetArtworkInfo(art, 1, &artInfo), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetArtworkInfo(art, -1, &artInfo), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetArtworkInfo(art, 0, nullptr), int(ITA_E_ARGUMENT));
+    QCOMPARE(CloseArtwork(art), int(ITA_OK));
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+    QCOMPARE(GetPlaylistCount(3), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetPlaylistCount(-1), int(ITA_E_ARGUMENT));
 }
 
 void TestItunesAgentFolder::shouldSearchTheFolderLibrary_data()

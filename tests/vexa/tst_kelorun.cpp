@@ -323,6 +323,64 @@ private slots:
                  QString("M4A "));
     }
 
+    void shouldExportAacRingtoneFromAnySource_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<qint64>("start");
+        QTest::addColumn<qint64>("end");
+        QTest::addColumn<double>("expectedMs");
+        QTest::addColumn<double>("slackMs"); // beyond one AAC frame
+        QTest::newRow("mp3 1000-4000") << m_mp3 << qint64(1000) << qint64(4000) << 3000.0 << 0.0;
+        QTest::newRow("ogg vorbis 1000-2500")
+            << m_ogg << qint64(1000) << qint64(2500) << 1500.0 << 0.0;
+        QTest::newRow("48 kHz 5.1 wav 500-1500")
+            << m_surround << qint64(500) << qint64(1500) << 1000.0 << 0.0;
+        QTest::newRow("mp4 video with sound 1000-2500")
+            << m_mp4 << qint64(1000) << qint64(2500) << 1500.0 << 0.0;
+        QTest::newRow("8-bit mono 22050 Hz wav 500-1500")
+            << m_u8 << qint64(500) << qint64(1500) << 1000.0 << 0.0;
+        // The whole file: as long as the source, which decodes to within
+        // 10 ms of the length it was made with.
+        QTest::newRow("mp3 whole file") << m_mp3 << qint64(0) << qint64(0) << 5000.0 << 10.0;
+    }
+
+    void shouldExportAacRingtoneFromAnySource()
+    {
+        QFETCH(QString, source);
+        QFETCH(qint64, start);
+        QFETCH(qint64, end);
+        QFETCH(double, expectedMs);
+        QFETCH(double, slackMs);
+        const QString dest = out(QString("%1 %2-%3.m4r")
+                                     .arg(QFileInfo(source).completeBaseName())
+                                     .arg(start)
+                                     .arg(end));
+        tw::RenderWatch watch;
+        QVERIFY(render({source, dest, "mp4", 86018, 128000, start, end}, &watch));
+
+        QFile f(dest);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const QByteArray bytes = f.readAll();
+        QCOMPARE(bytes.mid(4, 4), QByteArray("ftyp"));
+        QCOMPARE(bytes.mid(8, 4), QByteArray("M4A "));
+        QVERIFY(bytes.contains("elst"));
+
+        const auto stream =
+            tw::probeAudio(dest, "stream=codec_name,profile,sample_rate,channels,duration");
+        QCOMPARE(stream.value("codec_name"), QString("aac"));
+        QCOMPARE(stream.value("profile"), QString("LC"));
+        QCOMPARE(stream.value("sample_rate"), QString("44100"));
+        QCOMPARE(stream.value("channels"), QString("2"));
+        const double ms = stream.value("duration").toDouble() * 1000.0;
+        const double frameMs = kAacFrame * 1000.0 / kRate;
+        QVERIFY2(std::abs(ms - expectedMs) <= frameMs + slackMs,
+                 qPrintable(QString("%1 ms, expected %2 ms").arg(ms).arg(expectedMs)));
+        QCOMPARE(tw::probeAudio(dest, "format_tags=major_brand").value("TAG:major_brand"),
+                 QString("M4A "));
+        // Real sound came through, not silence.
+        QVERIFY(tw::firstFrameAbove(tw::decodedPcm(dest), 1000) >= 0);
+    }
+
     void shouldStartRingtoneOnTime()
     {
         // The burst is at 12.000 s; a span from 10.000 s must have it at 2.000 s.

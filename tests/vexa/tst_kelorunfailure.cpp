@@ -271,6 +271,9 @@ private slots:
         QFETCH(QString, dest);
         QFETCH(QByteArray, format);
         const QStringList before = QDir(m_dir.path()).entryList(QDir::AllEntries | QDir::Hidden);
+        QVERIFY(QFileInfo(m_flac).size() > 0);
+        const QByteArray sourceDigest = digest(m_flac);
+        const QDateTime sourceModified = QFileInfo(m_flac).lastModified();
         tw::RenderWatch watch;
         const int codec = format == "wav" ? 65536 : 86018;
         QCOMPARE(tw::startRender(m_timeline, {m_flac, dest, format, codec}, &watch), int(KELO_OK));
@@ -278,6 +281,8 @@ private slots:
         QCOMPARE(watch.last().status, int(KELO_E_IO));
         QVERIFY(watch.last().progress < 10000);
         QCOMPARE(QDir(m_dir.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
+        QCOMPARE(digest(m_flac), sourceDigest);
+        QCOMPARE(QFileInfo(m_flac).lastModified(), sourceModified);
     }
 
     void shouldFailOnCorruptStream_data()
@@ -290,6 +295,9 @@ private slots:
     void shouldFailOnCorruptStream()
     {
         QFETCH(QString, source);
+        QVERIFY(QFileInfo(source).size() > 0);
+        const QByteArray sourceDigest = digest(source);
+        const QDateTime sourceModified = QFileInfo(source).lastModified();
         tw::RenderWatch watch;
         int media = -1;
         const QString dest = outDir() + "/corrupt.wav";
@@ -299,6 +307,8 @@ private slots:
         QVERIFY(watch.waitEnd());
         QCOMPARE(watch.last().status, int(KELO_E_DECODE));
         QVERIFY(!QFile::exists(dest));
+        QCOMPARE(digest(source), sourceDigest);
+        QCOMPARE(QFileInfo(source).lastModified(), sourceModified);
     }
 
     void shouldFailWhenSpanStartsPastTheEnd()
@@ -325,6 +335,9 @@ private slots:
 #ifdef Q_OS_LINUX
         QFETCH(QByteArray, format);
         QFETCH(qint64, limit);
+        QVERIFY(QFileInfo(m_long).size() > 0);
+        const QByteArray sourceDigest = digest(m_long);
+        const QDateTime sourceModified = QFileInfo(m_long).lastModified();
         // A file size limit makes writes fail as a full disk does.
         rlimit old;
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
@@ -344,6 +357,8 @@ private slots:
         QCOMPARE(rc, int(KELO_OK));
         QVERIFY(ended);
         QCOMPARE(watch.last().status, int(KELO_E_IO));
+        QCOMPARE(digest(m_long), sourceDigest);
+        QCOMPARE(QFileInfo(m_long).lastModified(), sourceModified);
 #else
         QSKIP("needs a file size limit");
 #endif
