@@ -351,10 +351,8 @@ private slots:
         QFETCH(qint64, end);
         QFETCH(double, expectedMs);
         QFETCH(double, slackMs);
-        const QString dest = out(QString("%1 %2-%3.m4r")
-                                     .arg(QFileInfo(source).completeBaseName())
-                                     .arg(start)
-                                     .arg(end));
+        const QString dest = out(
+            QString("%1 %2-%3.m4r").arg(QFileInfo(source).completeBaseName()).arg(start).arg(end));
         tw::RenderWatch watch;
         QVERIFY(render({source, dest, "mp4", 86018, 128000, start, end}, &watch));
 

@@ -12,7 +12,8 @@ extern "C" {
 #endif
 
 // Result codes shared by every call.
-enum {
+enum
+{
     KELO_OK = 0,
     KELO_E_HANDLE = -1,   // no such timeline, media item or player
     KELO_E_ARGUMENT = -2, // a null or out-of-range argument
@@ -27,50 +28,59 @@ enum {
 };
 
 // Media source record: a span of one file. Start 0 with end 0 is the whole file.
-typedef struct tagKeloMediaSrc {
+typedef struct tagKeloMediaSrc
+{
     int32_t nReserved0;
     int32_t nReserved1;
-    int64_t llStart; // ms
-    int64_t llEnd;   // ms
+    int64_t llStart;     // ms
+    int64_t llEnd;       // ms
     const char* pszPath; // local 8-bit encoding, NUL-terminated
     int32_t nReserved2;
     int32_t nReserved3;
 } tagKeloMediaSrc;
 
 // Stream kinds of the 64-byte records that KeloGetMediaInfo returns.
-enum { KELO_STREAM_OTHER = 0, KELO_STREAM_AUDIO = 1, KELO_STREAM_VIDEO = 2 };
+enum
+{
+    KELO_STREAM_OTHER = 0,
+    KELO_STREAM_AUDIO = 1,
+    KELO_STREAM_VIDEO = 2
+};
 
 // One 64-byte record per stream. Only nKind is part of the contract; the
 // rest is informative.
-typedef struct tagKeloStreamInfo {
-    int32_t nKind;        // KELO_STREAM_*
-    int32_t nCodecId;     // libavcodec id
-    int32_t nSampleRate;  // audio
-    int32_t nChannels;    // audio
-    int32_t nWidth;       // video
-    int32_t nHeight;      // video
-    int64_t llDuration;   // ms, 0 when unknown
-    int64_t llBitRate;    // bits per second, 0 when unknown
+typedef struct tagKeloStreamInfo
+{
+    int32_t nKind;       // KELO_STREAM_*
+    int32_t nCodecId;    // libavcodec id
+    int32_t nSampleRate; // audio
+    int32_t nChannels;   // audio
+    int32_t nWidth;      // video
+    int32_t nHeight;     // video
+    int64_t llDuration;  // ms, 0 when unknown
+    int64_t llBitRate;   // bits per second, 0 when unknown
     uint8_t reserved[24];
 } tagKeloStreamInfo;
 
 // Progress record handed to the progress callback.
-typedef struct tagKeloProgInfo {
+typedef struct tagKeloProgInfo
+{
     int32_t nTimeline;
     int32_t nMedia;
     int32_t nProgress; // 0..10000
     int32_t nReserved;
-    int32_t nStatus;   // >= 0 running or done, < 0 failed (a KELO_E_* code)
+    int32_t nStatus; // >= 0 running or done, < 0 failed (a KELO_E_* code)
     int32_t nReserved2;
 } tagKeloProgInfo;
 
 typedef bool (*KeloNotifyProc)(tagKeloProgInfo* info, void* user);
 
 // Run parameters of KeloRun.
-typedef struct tagKeloRunParam {
-    void* pUser;               // handed back to pfnNotify
-    KeloNotifyProc pfnNotify;  // may be null
-    int32_t nReserved8;        // -1
+typedef struct tagKeloRunParam
+{
+    void* pUser;              // handed back to pfnNotify
+    KeloNotifyProc pfnNotify; // may be null
+    int32_t nReserved8;       // -1
     int32_t nReserved12;
     int32_t nReserved16;
     int32_t nReserved20;
@@ -78,16 +88,16 @@ typedef struct tagKeloRunParam {
     double dReserved32;
     int32_t nReserved40;
     int32_t nReserved44;
-    int32_t nAudioCodec;     // libavcodec id: 65536 PCM s16le, 86018 AAC
-    int32_t nAudioBitRate;   // bits per second
-    int32_t nSampleRate;     // 44100
-    int32_t nChannels;       // 2
-    int32_t nBitsPerSample;  // 16
+    int32_t nAudioCodec;    // libavcodec id: 65536 PCM s16le, 86018 AAC
+    int32_t nAudioBitRate;  // bits per second
+    int32_t nSampleRate;    // 44100
+    int32_t nChannels;      // 2
+    int32_t nBitsPerSample; // 16
     int32_t nReserved68;
     int32_t nReserved72;
     int32_t nReserved76;
-    const char* pszFormat;   // container: "wav" or "mp4"
-    const char* pszDest;     // destination path, local 8-bit encoding
+    const char* pszFormat; // container: "wav" or "mp4"
+    const char* pszDest;   // destination path, local 8-bit encoding
 } tagKeloRunParam;
 
 // --- timelines and media items -----------------------------------------
