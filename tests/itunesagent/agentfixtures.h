@@ -331,6 +331,42 @@ inline int collectHit(const void* playlist, int song, void* user)
     return hits->stopAfter < 0 || hits->titles.size() < hits->stopAfter ? 1 : 0;
 }
 
+// After its playlist `closed` was closed: every call on that handle fails and
+// writes nothing, the artwork handle `art` (open before) serves no playlist
+// call, closes once, and made-up or null handles are refused too.
+inline void verifyClosedAndMadeUpHandlesRefused(void* closed, int song, void* art)
+{
+    QCOMPARE(GetSongCount(closed), int(ITA_E_HANDLE));
+    QCOMPARE(GetPlaylistKind(closed), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(closed), int(ITA_E_HANDLE));
+    QCOMPARE(OpenArtwork(closed, song), nullptr);
+    tagSongInfo info = {};
+    info.nTitleSize = 1234;
+    QCOMPARE(GetSongInfo(closed, 0, &info), int(ITA_E_HANDLE));
+    QCOMPARE(info.nTitleSize, 1234); // left as it was
+
+    // An artwork handle is no playlist handle, and the other way round.
+    QCOMPARE(GetSongCount(art), int(ITA_E_HANDLE));
+    void* other = OpenPlaylist(ITA_COLLECTION_LIBRARY, 1);
+    QVERIFY(other);
+    QCOMPARE(GetArtworkCount(other), int(ITA_E_HANDLE));
+    QCOMPARE(CloseArtwork(other), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(other), int(ITA_OK));
+    QCOMPARE(CloseArtwork(art), int(ITA_OK));
+    QCOMPARE(CloseArtwork(art), int(ITA_E_HANDLE));
+    QCOMPARE(GetArtworkCount(art), int(ITA_E_HANDLE));
+    tagArtworkInfo artInfo = {};
+    QCOMPARE(GetArtworkInfo(art, 0, &artInfo), int(ITA_E_HANDLE));
+
+    const void* madeUp = reinterpret_cast<const void*>(uintptr_t(0x12345678));
+    QCOMPARE(GetSongCount(madeUp), int(ITA_E_HANDLE));
+    QCOMPARE(GetPlaylistKind(madeUp), int(ITA_E_HANDLE));
+    QCOMPARE(GetSongInfo(madeUp, 0, &info), int(ITA_E_HANDLE));
+    QCOMPARE(GetSongCount(nullptr), int(ITA_E_HANDLE));
+    QCOMPARE(ClosePlaylist(nullptr), int(ITA_E_HANDLE));
+    QCOMPARE(CloseArtwork(nullptr), int(ITA_E_HANDLE));
+}
+
 // --- media ----------------------------------------------------------------
 
 inline QByteArray picture(const char* format, const QColor& colour, const QSize& size)
