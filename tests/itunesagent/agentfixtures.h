@@ -367,6 +367,38 @@ inline void verifyClosedAndMadeUpHandlesRefused(void* closed, int song, void* ar
     QCOMPARE(CloseArtwork(nullptr), int(ITA_E_HANDLE));
 }
 
+// A playlist position out of range opens and names nothing; in the first
+// built-in playlist (of `songs` songs, `songWithArt` having one picture)
+// song and picture positions out of range are refused too.
+inline void verifyOutOfRangeRefused(int collection, int position, int songs, int songWithArt)
+{
+    QCOMPARE(OpenPlaylist(collection, position), nullptr);
+    char buffer[8];
+    QCOMPARE(GetPlaylistName(collection, position, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetPlaylistName(collection, position, buffer, sizeof buffer), int(ITA_E_ARGUMENT));
+
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    QCOMPARE(GetSongCount(h), songs);
+    tagSongInfo info = {};
+    QCOMPARE(GetSongInfo(h, -1, &info), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongInfo(h, songs, &info), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongInfo(h, 0, nullptr), int(ITA_E_ARGUMENT));
+    QCOMPARE(OpenArtwork(h, songs), nullptr);
+    QCOMPARE(OpenArtwork(h, -1), nullptr);
+    void* art = OpenArtwork(h, songWithArt);
+    QVERIFY(art);
+    QCOMPARE(GetArtworkCount(art), 1);
+    tagArtworkInfo artInfo = {};
+    QCOMPARE(GetArtworkInfo(art, 1, &artInfo), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetArtworkInfo(art, -1, &artInfo), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetArtworkInfo(art, 0, nullptr), int(ITA_E_ARGUMENT));
+    QCOMPARE(CloseArtwork(art), int(ITA_OK));
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+    QCOMPARE(GetPlaylistCount(3), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetPlaylistCount(-1), int(ITA_E_ARGUMENT));
+}
+
 // --- media ----------------------------------------------------------------
 
 inline QByteArray picture(const char* format, const QColor& colour, const QSize& size)

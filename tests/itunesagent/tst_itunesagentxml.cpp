@@ -308,26 +308,7 @@ void TestItunesAgentXml::shouldRefuseOutOfRangePositions()
 {
     QFETCH(int, collection);
     QFETCH(int, position);
-    QCOMPARE(OpenPlaylist(collection, position), nullptr);
-    char buffer[8];
-    QCOMPARE(GetPlaylistName(collection, position, nullptr, 0), int(ITA_E_ARGUMENT));
-    QCOMPARE(GetPlaylistName(collection, position, buffer, sizeof buffer), int(ITA_E_ARGUMENT));
-
-    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
-    tagSongInfo info = {};
-    QCOMPARE(GetSongInfo(h, -1, &info), int(ITA_E_ARGUMENT));
-    QCOMPARE(GetSongInfo(h, 7, &info), int(ITA_E_ARGUMENT));
-    QCOMPARE(GetSongInfo(h, 0, nullptr), int(ITA_E_ARGUMENT));
-    QCOMPARE(OpenArtwork(h, 7), nullptr);
-    void* art = OpenArtwork(h, 0);
-    tagArtworkInfo artInfo = {};
-    QCOMPARE(GetArtworkInfo(art, 1, &artInfo), int(ITA_E_ARGUMENT));
-    QCOMPARE(GetArtworkInfo(art, -1, &artInfo), int(ITA_E_ARGUMENT));
-    QCOMPARE(GetArtworkInfo(art, 0, nullptr), int(ITA_E_ARGUMENT));
-    CloseArtwork(art);
-    ClosePlaylist(h);
-    QCOMPARE(GetPlaylistCount(3), int(ITA_E_ARGUMENT));
-    QCOMPARE(GetPlaylistCount(-1), int(ITA_E_ARGUMENT));
+    fx::verifyOutOfRangeRefused(collection, position, 7, 0);
 }
 
 void TestItunesAgentXml::shouldSearchFieldsCaseInsensitivelyInLibraryOrder_data()
