@@ -241,8 +241,8 @@ private slots:
         QCOMPARE(checksum(Access::wavePath(*m_wnd)), checksum(path));
         QCOMPARE(selected.last().at(1).toTime(), QTime(0, 0, 12, 0));
 
-        // One new temporary file in the cache, named by the time of day,
-        // holding the source byte for byte.
+        // One new temporary file in the cache, named by the time of day: the
+        // copy whose checksum matched the source's above.
         QStringList added = tempWaves();
         for (const QString& name : before)
             added.removeAll(name);
@@ -250,12 +250,6 @@ private slots:
         QVERIFY2(QRegularExpression("^wave_\\d{9}\\.tmp$").match(added.first()).hasMatch(),
                  qPrintable(added.first()));
         QCOMPARE(cachePath(added.first()), Access::wavePath(*m_wnd));
-        QFile copy(cachePath(added.first()));
-        QFile source(path);
-        QVERIFY(copy.open(QIODevice::ReadOnly));
-        QVERIFY(source.open(QIODevice::ReadOnly));
-        QCOMPARE(copy.size(), source.size());
-        QVERIFY(copy.readAll() == source.readAll());
     }
 
     void shouldTellAWaveOnlyByItsRiffWaveHeader()
