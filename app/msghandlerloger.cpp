@@ -1,19 +1,16 @@
 #include "app/msghandlerloger.h"
 
+#include "engine/platformfolders.h"
 #include "engine/timelinehelper.h"
 
 #include <QDate>
 #include <QDir>
-#include <QStandardPaths>
 
 #include <vexa.h>
 
 CMsgHandlerLoger::CMsgHandlerLoger()
 {
     m_strLogPath = QString();
-    // The engine's logger writes its day files under our data directory.
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    KeloSetDataDirectory(data.toLocal8Bit().constData());
     // Bring the engine up before the first message reaches it.
     CTimeLineHelper::getTimeline();
 }
@@ -62,7 +59,7 @@ QString CMsgHandlerLoger::getLogPath()
 
 QString CMsgHandlerLoger::getLogPath(const QDate& day)
 {
-    const QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/log";
+    const QString dir = programDataDir() + "/log";
     QDir().mkpath(dir);
     return dir + "/" + day.toString("dd.MM.yyyy%1").arg(".log");
 }

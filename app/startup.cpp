@@ -2,6 +2,8 @@
 
 #include "app/mpconfig.h"
 #include "app/msghandlerloger.h"
+#include "engine/platformfolders.h"
+#include "library/libraryloader.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -9,7 +11,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QStyleFactory>
 #include <QTextStream>
 #include <QVBoxLayout>
@@ -18,7 +19,7 @@
 
 void removeTempFiles()
 {
-    const QString path = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    const QString path = programCacheDir();
     QDir dir(path);
     if (!dir.exists()) {
         dir.mkpath(path);
@@ -92,8 +93,11 @@ int tonewrightMain(int argc, char* argv[])
     QCoreApplication::setApplicationName("tonewright");
     QCoreApplication::setApplicationVersion(TONEWRIGHT_VERSION);
 
+    tellPlatformFolders();
     CMsgHandlerLoger::installMsgHandler();
     qDebug("app start");
+    // The library loads beside the window, which shows it when it is there.
+    CLibraryLoader::instance()->start();
 
     QDir::setCurrent(QCoreApplication::applicationDirPath());
 

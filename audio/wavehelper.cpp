@@ -25,8 +25,6 @@ namespace {
 
 constexpr long kDataOffset = 44;
 constexpr std::size_t kChunkBytes = 32768;
-constexpr std::size_t kRawBufferBytes = 4194304;
-constexpr int kBlockFrames = 512;
 constexpr long kMaxFileSize = 0x7D000000L;
 constexpr unsigned kRiff = 0x46464952u; // "RIFF" read little-endian
 constexpr std::align_val_t kAlignment{64};
@@ -67,7 +65,7 @@ struct AlignedBuffer
 // record is open at a time) keeps that rule without leaking 4 MiB per open.
 unsigned char* sharedRawBuffer()
 {
-    static unsigned char* buffer = allocAligned(kRawBufferBytes);
+    static unsigned char* buffer = allocAligned(kWaveRawBufferBytes);
     return buffer;
 }
 
@@ -80,7 +78,7 @@ template <typename T> T loadSample(const unsigned char* p)
     return v;
 }
 
-// Min/max per block of 512 frames over the first channel. For stereo the
+// Min/max per peak block over the first channel. For stereo the
 // second channel is tracked as well but stored only once, after the entry
 // of the last partial block.
 template <typename T, int Channels> class PeakBuilder
@@ -93,9 +91,9 @@ public:
         constexpr std::size_t frameBytes = sizeof(T) * Channels;
         std::size_t i = 0;
         while (i < frames) {
-            if (m_fill == 0 && frames - i >= kBlockFrames) {
+            if (m_fill == 0 && frames - i >= kWavePeakBlockFrames) {
                 fullBlock(data + i * frameBytes);
-                i += kBlockFrames;
+                i += kWavePeakBlockFrames;
             } else {
                 oneFrame(data + i * frameBytes);
                 ++i;
@@ -122,7 +120,7 @@ private:
         T lo[lanes];
         T hi[lanes];
 #if defined(__SSE2__)
-        constexpr int bytes = kBlockFrames * Channels * sizeof(T);
+        constexpr int bytes = kWavePeakBlockFrames * Channels * sizeof(T);
         __m128i lo0 = load(p), lo1 = load(p + 16), lo2 = load(p + 32), lo3 = load(p + 48);
         __m128i hi0 = lo0, hi1 = lo1, hi2 = lo2, hi3 = lo3;
         for (int j = 64; j < bytes; j += 64) {
@@ -144,7 +142,7 @@ private:
 #else
         for (int l = 0; l < lanes; ++l)
             lo[l] = hi[l] = loadSample<T>(p + l * sizeof(T));
-        for (int j = lanes; j < kBlockFrames * Channels; j += lanes) {
+        for (int j = lanes; j < kWavePeakBlockFrames * Channels; j += lanes) {
             for (int l = 0; l < lanes; ++l) {
                 const T v = loadSample<T>(p + (j + l) * sizeof(T));
                 lo[l] = v < lo[l] ? v : lo[l];
@@ -195,7 +193,7 @@ private:
                 m_max[c] = v;
             }
         }
-        if (++m_fill == kBlockFrames) {
+        if (++m_fill == kWavePeakBlockFrames) {
             storePair(m_min[0], m_max[0]);
             m_fill = 0;
         }
@@ -236,20 +234,21 @@ bool buildPeakTable(tagWaveInfo* info)
 {
     // peakCount is 32-bit like frameCount; scanning stops where the table
     // ends even if a lying header made the count wrap.
-    info->peakCount = static_cast<int>((info->frameCount + 511u) >> 9);
+    constexpr unsigned block = kWavePeakBlockFrames;
+    info->peakCount = static_cast<int>((info->frameCount + (block - 1)) / block);
     const unsigned long long peakFrames =
-        static_cast<unsigned long long>(static_cast<unsigned>(info->peakCount)) << 9;
+        static_cast<unsigned long long>(static_cast<unsigned>(info->peakCount)) * block;
     const unsigned long long frames = info->frameCount < peakFrames ? info->frameCount : peakFrames;
 
     // Stereo tables are twice the size their pairs need: only the first
     // half holds pairs, the second channel's tail pair follows the last one.
     std::size_t tableBytes = static_cast<unsigned>(info->peakCount);
     switch (info->formatKey) {
-    case 9:
+    case WAVE_U8_MONO:
         tableBytes *= 2;
         break;
-    case 10:
-    case 17:
+    case WAVE_U8_STEREO:
+    case WAVE_S16_MONO:
         tableBytes *= 4;
         break;
     default:
@@ -268,13 +267,13 @@ bool buildPeakTable(tagWaveInfo* info)
         return false;
     const unsigned long long bytes = frames * info->frameBytes;
     switch (info->formatKey) {
-    case 9:
+    case WAVE_U8_MONO:
         scanPeaks<unsigned char, 1>(info->scanFile, bytes, info->peakTable, scan.data);
         break;
-    case 10:
+    case WAVE_U8_STEREO:
         scanPeaks<unsigned char, 2>(info->scanFile, bytes, info->peakTable, scan.data);
         break;
-    case 17:
+    case WAVE_S16_MONO:
         scanPeaks<short, 1>(info->scanFile, bytes, info->peakTable, scan.data);
         break;
     default:
@@ -339,6 +338,20 @@ int openAudio(SDL_AudioSpec* desired)
         return result;
     return SDL_OpenAudio(desired, nullptr);
 }
+
+// Holds SDL's audio lock for a scope. The callback runs with this lock held,
+// so the user-interface side takes it for every field the callback reads or
+// writes: the play stream (a seek must not fall between the callback's
+// position read and its data read), the state, the volume and the fades.
+// SDL's lock is recursive, and taking it without an open device does nothing.
+class AudioLock
+{
+public:
+    AudioLock() { SDL_LockAudio(); }
+    ~AudioLock() { SDL_UnlockAudio(); }
+    AudioLock(const AudioLock&) = delete;
+    AudioLock& operator=(const AudioLock&) = delete;
+};
 
 // --- effects ----------------------------------------------------------------
 
@@ -459,6 +472,15 @@ void writeBackEffects(tagWaveInfo* info)
 
 } // namespace
 
+unsigned short WaveHelperCallbackFrames(unsigned int rate)
+{
+    unsigned short frames = 1024;
+    while (frames > 16 && frames * 1000ULL > rate * 128ULL)
+        frames /= 2;
+    return frames;
+}
+
+// Runs with SDL's audio lock held (see AudioLock).
 void AudioPlayCallbackFunc(void* userdata, unsigned char* stream, int length)
 {
     auto* info = static_cast<tagWaveInfo*>(userdata);
@@ -478,7 +500,18 @@ void AudioPlayCallbackFunc(void* userdata, unsigned char* stream, int length)
     applyEffects(info, stream, length, pos);
 }
 
-int WaveHelperInit(const char* path, tagWaveInfo* info)
+namespace {
+
+struct HeaderFormat
+{
+    unsigned channels = 0;
+    unsigned bits = 0;
+};
+
+// Everything before the audio device: header, peak table, play stream and
+// raw buffer. 0 with a peak table when the device may be opened, 0 without
+// one for a format the engine does not play.
+int loadWave(const char* path, tagWaveInfo* info, HeaderFormat* format)
 {
     if (!path || !info)
         return -4;
@@ -527,15 +560,15 @@ int WaveHelperInit(const char* path, tagWaveInfo* info)
 
     info->formatKey = bits | channels;
     switch (info->formatKey) {
-    case 9:
+    case WAVE_U8_MONO:
         info->frameBytes = 1;
         break;
-    case 10:
-    case 17:
+    case WAVE_U8_STEREO:
+    case WAVE_S16_MONO:
         info->frameBytes = 2;
         info->frameCount /= 2;
         break;
-    case 18:
+    case WAVE_S16_STEREO:
         info->frameBytes = 4;
         info->frameCount /= 4;
         break;
@@ -556,17 +589,36 @@ int WaveHelperInit(const char* path, tagWaveInfo* info)
     info->rawBuffer = sharedRawBuffer();
     if (!info->rawBuffer)
         return -6;
+    format->channels = channels;
+    format->bits = bits;
+    return 0;
+}
+
+} // namespace
+
+int WaveHelperLoad(const char* path, tagWaveInfo* info)
+{
+    HeaderFormat format;
+    return loadWave(path, info, &format);
+}
+
+int WaveHelperInit(const char* path, tagWaveInfo* info)
+{
+    HeaderFormat format;
+    const int loaded = loadWave(path, info, &format);
+    if (loaded != 0 || !info->peakTable)
+        return loaded;
 
     if (initSdl() < 0)
         return -1;
 
     SDL_AudioSpec desired;
     std::memset(&desired, 0, sizeof desired);
-    desired.freq = static_cast<int>(rate);
-    desired.format = bits < 9 ? AUDIO_U8 : AUDIO_S16LSB;
-    desired.channels = static_cast<Uint8>(channels);
+    desired.freq = static_cast<int>(info->sampleRate);
+    desired.format = format.bits < 9 ? AUDIO_U8 : AUDIO_S16LSB;
+    desired.channels = static_cast<Uint8>(format.channels);
     desired.silence = info->silence;
-    desired.samples = 1024;
+    desired.samples = WaveHelperCallbackFrames(info->sampleRate);
     desired.callback = AudioPlayCallbackFunc;
     desired.userdata = info;
 
@@ -587,6 +639,7 @@ int WaveHelperUninit(tagWaveInfo* info)
         return -1;
     if (info->playFile) {
         // Holds off the audio thread before its stream goes away.
+        AudioLock lock;
         SDL_PauseAudio(1);
         std::fclose(info->playFile);
         info->playFile = nullptr;
@@ -610,6 +663,7 @@ int WaveHelperPlay(tagWaveInfo* info)
 {
     if (!info)
         return 0;
+    AudioLock lock;
     if (info->state != 1) {
         SDL_PauseAudio(0);
         info->state = 1;
@@ -623,7 +677,10 @@ int WaveHelperPlay(tagWaveInfo* info)
 
 int WaveHelperPause(tagWaveInfo* info)
 {
-    if (!info || info->state != 1)
+    if (!info)
+        return 0;
+    AudioLock lock;
+    if (info->state != 1)
         return 0;
     SDL_PauseAudio(1);
     info->state = 2;
@@ -633,7 +690,10 @@ int WaveHelperPause(tagWaveInfo* info)
 int WaveHelperStop(tagWaveInfo* info)
 {
     // The position is not rewound.
-    if (info && info->state != 0) {
+    if (!info)
+        return 0;
+    AudioLock lock;
+    if (info->state != 0) {
         info->state = 0;
         SDL_PauseAudio(1);
     }
@@ -642,7 +702,10 @@ int WaveHelperStop(tagWaveInfo* info)
 
 int WaveHelperGetState(tagWaveInfo* info)
 {
-    return info ? info->state : 0;
+    if (!info)
+        return 0;
+    AudioLock lock; // the callback stops a record that runs out of data
+    return info->state;
 }
 
 long long WaveHelperGetPos(tagWaveInfo* info)
@@ -652,7 +715,12 @@ long long WaveHelperGetPos(tagWaveInfo* info)
     const long long bytesPerSecond = static_cast<long long>(info->frameBytes) * info->sampleRate;
     if (bytesPerSecond == 0)
         return 0; // a header with rate 0 must not divide by zero
-    return (std::ftell(info->playFile) - kDataOffset) * 1000LL / bytesPerSecond;
+    long offset;
+    {
+        AudioLock lock;
+        offset = std::ftell(info->playFile);
+    }
+    return (offset - kDataOffset) * 1000LL / bytesPerSecond;
 }
 
 int WaveHelperSetPos(tagWaveInfo* info, long long ms)
@@ -665,6 +733,7 @@ int WaveHelperSetPos(tagWaveInfo* info, long long ms)
     const unsigned long long framesPerMs = info->sampleRate / 1000;
     const unsigned long long offset =
         info->frameBytes * framesPerMs * static_cast<unsigned long long>(ms) + kDataOffset;
+    AudioLock lock;
     return std::fseek(info->playFile, static_cast<long>(offset), SEEK_SET);
 }
 
@@ -683,8 +752,8 @@ unsigned char* WaveHelperGetRawData(tagWaveInfo* info, int firstFrame, int frame
         // Callers keep requests below the buffer's size; never write past it.
         if (want < 0)
             want = 0;
-        else if (want > static_cast<long long>(kRawBufferBytes))
-            want = static_cast<long long>(kRawBufferBytes);
+        else if (want > static_cast<long long>(kWaveRawBufferBytes))
+            want = static_cast<long long>(kWaveRawBufferBytes);
         const std::size_t bytes = static_cast<std::size_t>(want);
         const std::size_t got = std::fread(info->rawBuffer, 1, bytes, info->scanFile);
         std::memset(info->rawBuffer + got, info->silence, bytes - got);
@@ -695,8 +764,10 @@ unsigned char* WaveHelperGetRawData(tagWaveInfo* info, int firstFrame, int frame
 int WaveHelperChangeVolume(tagWaveInfo* info, int percent)
 {
     // No range check: the editor keeps it within 0..256.
-    if (info)
+    if (info) {
+        AudioLock lock;
         info->volume = percent;
+    }
     return 0;
 }
 
@@ -704,6 +775,7 @@ int WaveHelperFadeIn(tagWaveInfo* info, int start, int length)
 {
     if (!info)
         return 0;
+    AudioLock lock;
     if (start >= 0 && length >= 0) {
         info->fadeInStart = secondsToOffset(info, start);
         info->fadeInEnd = secondsToOffset(info, static_cast<long long>(start) + length);
@@ -718,6 +790,7 @@ int WaveHelperFadeOut(tagWaveInfo* info, int start, int length)
 {
     if (!info)
         return 0;
+    AudioLock lock;
     if (start >= 0 && length >= 0) {
         info->fadeOutStart = secondsToOffset(info, start);
         // One second longer than asked, on purpose: the fade reaches past

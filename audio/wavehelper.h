@@ -3,20 +3,39 @@
 // SDL, with volume and fades applied while playing and written back into
 // the file on close. All state lives in one caller-owned record; only one
 // record can be open at a time (there is one audio device). The SDL
-// callback reads the record from SDL's audio thread without a lock.
+// callback reads the record on SDL's audio thread under SDL's audio lock,
+// which every function below takes for the fields the callback uses; a
+// caller reading `volume` or the fades itself does so on the thread that
+// writes them.
 
+#include <cstddef>
 #include <cstdio>
+
+// Bytes of the raw-data buffer that WaveHelperGetRawData fills; readers keep
+// their requests within it.
+constexpr std::size_t kWaveRawBufferBytes = 4194304;
+// Frames that one (min, max) entry of the peak table sums up.
+constexpr int kWavePeakBlockFrames = 512;
+
+// formatKey: bits per sample OR-ed with the channel count.
+enum WaveFormatKey : unsigned int
+{
+    WAVE_U8_MONO = 9,
+    WAVE_U8_STEREO = 10,
+    WAVE_S16_MONO = 17,
+    WAVE_S16_STEREO = 18
+};
 
 struct tagWaveInfo
 {
-    unsigned int formatKey; // bits per sample | channels: 9, 10, 17, 18
+    unsigned int formatKey; // a WaveFormatKey, or another value the engine does not play
     FILE* scanFile;         // "r+b": peak scan, raw data, effect write-back
     FILE* playFile;         // "rb": its position is the play position
     FILE* extraFile1;       // never opened here; closed on uninit if set
     FILE* extraFile2;
-    unsigned char* peakTable; // (min, max) pairs per 512-frame block
+    unsigned char* peakTable; // (min, max) pairs per kWavePeakBlockFrames frames
     int peakCount;            // (frameCount + 511) >> 9
-    unsigned char* rawBuffer; // 4 MiB, filled by WaveHelperGetRawData
+    unsigned char* rawBuffer; // kWaveRawBufferBytes, filled by WaveHelperGetRawData
     unsigned int frameCount;  // data bytes from the header, then frames
     unsigned int sampleRate;
     unsigned char frameBytes; // 1, 2 or 4

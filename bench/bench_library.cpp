@@ -5,12 +5,14 @@
 // scan, re-scan from the cache) beside `ffprobe` reading the tags of some of
 // the same files as a command. Figures only.
 
+#include "engine/platformfolders.h"
 #include "library/ItunesWrap.h"
 #include "library/ringtonemodel.h"
 #include "library/ringtonenode.h"
 #include "testenv.h"
 
 #include <itunesagent.h>
+#include <itunesagent_testing.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -173,7 +175,7 @@ void benchXml(const QString& dir)
     file.open(QIODevice::WriteOnly);
     file.write(xml.data(), static_cast<qint64>(xml.size()));
     file.close();
-    qputenv("TONEWRIGHT_LIBRARY_XML", QFile::encodeName(path));
+    ItunesAgentSetLibraryFile(QFile::encodeName(path).constData());
     const double megabytes = static_cast<double>(xml.size()) / (1 << 20);
     std::printf("XML library: %d tracks, %d playlists, %.1f MB\n", tracks, playlists, megabytes);
 
@@ -288,14 +290,14 @@ bool makeFolder(const QString& music, int count)
 
 void benchFolder()
 {
-    qunsetenv("TONEWRIGHT_LIBRARY_XML");
+    ItunesAgentSetLibraryFile(nullptr);
     const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
     const int count = 2000;
     if (!makeFolder(music, count)) {
         std::printf("folder library: could not make the files\n");
         return;
     }
-    const QString cache = qEnvironmentVariable("XDG_CACHE_HOME") + "/tonewright/library-cache.bin";
+    const QString cache = programCacheDir() + "/library-cache.bin";
     std::printf("folder library: %d tagged MP3 files under %s\n", count, qPrintable(music));
 
     std::vector<double> first;

@@ -1,25 +1,21 @@
-// CWaveWnd state, slots and the play timer: times, selection, zoom, scroll
-// bar, loading and playback. Drawing is in wavewnd_paint.cpp, the mouse in
-// wavewnd_mouse.cpp.
+// CWaveWnd state and slots: forwards times, zoom and playback to the
+// editor's parts and turns their changes into signals, scroll-bar moves and
+// repaints. Drawing is in wavewnd_paint.cpp, the mouse in wavewnd_mouse.cpp,
+// import and export in wavewnd_io.cpp.
 
 #include "editor/wavewnd.h"
 
+#include "editor/waveio.h"
+#include "editor/wavemodel.h"
+#include "editor/waveplayback.h"
 #include "engine/timeconvert.h"
 
 #include <QDebug>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QShowEvent>
-#include <QTimer>
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
-
-constexpr long long kMinSelection = 5000;
-constexpr long long kDefaultSelection = 40000;
-constexpr float kMaxZoom = 5.0f;
 
 // Times travel as 32-bit milliseconds into the clock-time conversion.
 QTime toTime(long long ms)
@@ -27,41 +23,36 @@ QTime toTime(long long ms)
     return CTimeConvert::longToTime(static_cast<long>(static_cast<qint32>(ms)));
 }
 
+// What no wave's page length is.
+constexpr int kEmptyPageLength = 100;
+
 } // namespace
 
 CWaveWnd::CWaveWnd(QWidget* parent, CProgressDlg* dlg)
-    : QWidget(parent), scrollBar(nullptr), reservedConst(11), playTimer(nullptr), playPos(0),
-      totalWidth(0), scrollX(0), mouseMode(0), endTime(144000000), beginTime(0), dragX(0),
-      msPerPixel(100.0f), maxZoomValue(kMaxZoom), fitMsPerPixel(0.0f), msPerFrame(0.0f),
-      framesPerPixel(0.0f), maxTime(0.0f), points(new QPoint[kPointCount]()), wave(),
-      bPreview(false), progressDlg(dlg), fadeOutOn(false), fadeInOn(false), fadeInLength(5),
-      fadeOutLength(5), zoomFactor(1.0f)
+    : QWidget(parent), scrollBar(nullptr), reservedConst(11),
+      m_model(std::make_unique<CWaveModel>()),
+      m_playback(std::make_unique<CWavePlayback>(*m_model)),
+      m_io(std::make_unique<CWaveIo>(*m_model, *m_playback, dlg)), points(new QPoint[kPointCount]())
 {
+    m_model->setViewWidthSource([this] { return width(); });
     setContentsMargins(0, 0, 0, 0);
     initScrollBar();
     setAcceptDrops(true);
-    playTimer = new QTimer(this);
-    playTimer->setInterval(50);
-    connect(playTimer, &QTimer::timeout, this, qOverload<>(&CWaveWnd::timerEvent));
+
+    CWavePlayback* p = m_playback.get();
+    connect(p, &CWavePlayback::onPlay, this, &CWaveWnd::onPlay);
+    connect(p, &CWavePlayback::onPause, this, &CWaveWnd::onPause);
+    connect(p, &CWavePlayback::onStop, this, &CWaveWnd::onStop);
+    connect(p, &CWavePlayback::playPosChange, this, &CWaveWnd::playPosChange);
+    connect(p, &CWavePlayback::volumeChange, this, &CWaveWnd::volumeChange);
+    connect(p, &CWavePlayback::scrolled, this, [this](int x) { scrollBar->setValue(x); });
+    connect(p, &CWavePlayback::changed, this, qOverload<>(&QWidget::update));
 }
 
-CWaveWnd::~CWaveWnd()
-{
-    // Frees the audio device and the engine's files; no signals while dying.
-    WaveHelperUninit(&wave);
-}
+// The parts go first (the engine is closed then), without signals while dying.
+CWaveWnd::~CWaveWnd() = default;
 
 // --- small helpers ---------------------------------------------------------
-
-int CWaveWnd::timeToX(long long t) const
-{
-    return static_cast<int>(t / msPerPixel - scrollX);
-}
-
-long long CWaveWnd::xToTime(int x) const
-{
-    return std::llround((x + scrollX) * msPerPixel);
-}
 
 int CWaveWnd::drawHeight() const
 {
@@ -70,42 +61,27 @@ int CWaveWnd::drawHeight() const
 
 void CWaveWnd::emitSelectChange()
 {
-    emit selectChange(toTime(beginTime), toTime(endTime));
+    emit selectChange(toTime(m_model->beginTime()), toTime(m_model->endTime()));
+}
+
+void CWaveWnd::scrollBy(int step)
+{
+    if (step != 0)
+        scrollBar->setValue(scrollBar->value() + step);
 }
 
 // --- selection ---------------------------------------------------------------
 
 void CWaveWnd::setBeginTime(long long t)
 {
-    const long long oldBegin = beginTime;
-    long long end = endTime;
-    beginTime = t;
-    // Moving the begin to the right drags the end along by the same amount.
-    if (t >= oldBegin) {
-        end = end - oldBegin + t;
-        if (!(end < maxTime))
-            end = static_cast<long long>(maxTime);
-        endTime = end;
-    }
-    // No lower limit here: a begin near zero may go negative.
-    if (end - t < kMinSelection)
-        beginTime = end - kMinSelection;
+    m_model->setBeginTime(t);
     emitSelectChange();
     update();
 }
 
 void CWaveWnd::setEndTime(long long t)
 {
-    const long long oldEnd = endTime;
-    endTime = t;
-    // The begin only moves when the end passes it, keeping the old length.
-    if (t < beginTime) {
-        const long long begin = t - (oldEnd - beginTime);
-        beginTime = begin < 0 ? 0 : begin;
-    }
-    // No upper limit here: the end may pass the song's end.
-    if (endTime - beginTime < kMinSelection)
-        endTime = beginTime + kMinSelection;
+    m_model->setEndTime(t);
     emitSelectChange();
     update();
 }
@@ -122,109 +98,97 @@ void CWaveWnd::setEndTime(QTime t)
 
 void CWaveWnd::setBeginTime()
 {
-    setBeginTime(playPos);
+    setBeginTime(m_model->playPos());
 }
 
 void CWaveWnd::setEndTime()
 {
-    setEndTime(playPos);
+    setEndTime(m_model->playPos());
 }
 
 QTime CWaveWnd::getBeginTime()
 {
-    return toTime(beginTime);
+    return toTime(m_model->beginTime());
 }
 
 QTime CWaveWnd::getEndTime()
 {
-    return toTime(endTime);
+    return toTime(m_model->endTime());
 }
 
 QTime CWaveWnd::getMaxTime()
 {
-    return toTime(static_cast<long long>(maxTime));
+    return toTime(static_cast<long long>(m_model->maxTime()));
 }
 
 int CWaveWnd::getLength()
 {
-    return totalWidth;
+    return m_model->totalWidth();
 }
 
 int CWaveWnd::getPageLength()
 {
-    return wave.peakTable ? width() : 100;
+    return m_playback->isOpen() ? width() : kEmptyPageLength;
 }
 
 // --- effects and volume ------------------------------------------------------
 
 void CWaveWnd::fadeIn(int n)
 {
-    fadeInLength = n;
+    m_playback->setFadeInLength(n);
 }
 
 void CWaveWnd::fadeOut(int n)
 {
-    fadeOutLength = n;
+    m_playback->setFadeOutLength(n);
 }
 
 void CWaveWnd::enableFadeIn(bool on)
 {
-    fadeInOn = on;
+    m_playback->enableFadeIn(on);
 }
 
 void CWaveWnd::enableFadeOut(bool on)
 {
-    fadeOutOn = on;
+    m_playback->enableFadeOut(on);
 }
 
 void CWaveWnd::applyEffect(bool on)
 {
-    // Whole seconds: the engine places fades at second boundaries.
-    if (on && fadeInOn)
-        WaveHelperFadeIn(&wave, static_cast<int>(beginTime / 1000), fadeInLength);
-    else
-        WaveHelperFadeIn(&wave, -1, 0);
-    if (on && fadeOutOn)
-        WaveHelperFadeOut(&wave, static_cast<int>(endTime / 1000 - fadeOutLength), fadeOutLength);
-    else
-        WaveHelperFadeOut(&wave, -1, 0);
+    m_playback->applyEffect(on);
 }
 
 void CWaveWnd::setVolume(int volume)
 {
-    WaveHelperChangeVolume(&wave, std::clamp(volume, 0, 256));
+    m_playback->setVolume(volume);
 }
 
 void CWaveWnd::volumeAdd()
 {
-    // The last step up lands on 256 from anywhere in 246..255.
-    WaveHelperChangeVolume(&wave, wave.volume < 246 ? wave.volume + 10 : 256);
-    emit volumeChange(wave.volume);
+    m_playback->volumeAdd();
 }
 
 void CWaveWnd::volumeReduce()
 {
-    // The last step down lands on 0 from anywhere in 1..10.
-    WaveHelperChangeVolume(&wave, wave.volume >= 11 ? wave.volume - 10 : 0);
-    emit volumeChange(wave.volume);
+    m_playback->volumeReduce();
 }
 
 // --- mouse modes set from outside ------------------------------------------
 
 void CWaveWnd::select()
 {
-    mouseMode = 1;
+    m_model->setMouseMode(MM_SELECT);
 }
 
 void CWaveWnd::move()
 {
     setMouseTracking(false);
-    mouseMode = 2;
+    m_model->setMouseMode(MM_MOVE);
 }
 
 void CWaveWnd::adjust()
 {
-    mouseMode = 4;
+    m_model->setMouseMode(MM_END_EDGE);
 }
 
 // --- zoom and scrolling ------------------------------------------------------
@@ -236,20 +200,12 @@ float CWaveWnd::getMaxZoom()
 
 float CWaveWnd::getMinZoom()
 {
-    // The zoom at which the whole wave fits the widget, but never above 1.
-    return std::min(1.0f, 100.0f / (msPerFrame * wave.frameCount / width()));
+    return m_model->minZoom();
 }
 
 void CWaveWnd::zoom(float factor)
 {
-    const float z = std::max(getMinZoom(), std::min(factor, kMaxZoom));
-    zoomFactor = z;
-    // Keeps the time at the left edge where it was.
-    const float leftMs = scrollX * msPerPixel;
-    msPerPixel = 100.0f / z;
-    framesPerPixel = msPerPixel / msPerFrame;
-    totalWidth = static_cast<int>(wave.frameCount / framesPerPixel);
-    scrollX = static_cast<int>(static_cast<int>(leftMs) / msPerPixel);
+    const float z = m_model->zoom(factor);
     emit zoomChange(z);
     updateScrollbar();
     update();
@@ -257,16 +213,16 @@ void CWaveWnd::zoom(float factor)
 
 void CWaveWnd::zoomIn()
 {
-    // 5.0 still steps to 5.5; zoom() clamps it back.
-    if (zoomFactor <= kMaxZoom)
-        zoom(zoomFactor + 0.5f);
+    const float target = m_model->zoomInTarget();
+    if (target >= 0.0f)
+        zoom(target);
 }
 
 void CWaveWnd::zoomOut()
 {
-    if (getMinZoom() > zoomFactor)
-        return;
-    zoom(zoomFactor - 0.5f);
+    const float target = m_model->zoomOutTarget();
+    if (target >= 0.0f)
+        zoom(target);
 }
 
 void CWaveWnd::initScrollBar()
@@ -279,13 +235,13 @@ void CWaveWnd::initScrollBar()
 
 void CWaveWnd::updateScrollbar()
 {
-    if (totalWidth < 1)
+    if (m_model->totalWidth() < 1)
         return;
     const int barHeight = scrollBar->height();
     scrollBar->setGeometry(0, height() - barHeight, width(), barHeight);
     // setRange may clamp the old value and report it; the new one wins.
-    const int value = scrollX;
-    scrollBar->setRange(0, totalWidth - width());
+    const int value = m_model->scrollX();
+    scrollBar->setRange(0, m_model->scrollRange());
     scrollBar->setPageStep(width());
     scrollBar->setSingleStep(1);
     scrollBar->setValue(value);
@@ -293,7 +249,7 @@ void CWaveWnd::updateScrollbar()
 
 void CWaveWnd::moveRequest(int value)
 {
-    scrollX = value;
+    m_model->setScrollX(value);
     update();
 }
 
@@ -314,18 +270,11 @@ void CWaveWnd::showEvent(QShowEvent* event)
 
 int CWaveWnd::initWave()
 {
-    playPos = 0;
-    scrollX = 0;
-    beginTime = 0;
-    endTime = 0;
-    dragX = 0;
-    maxTime = 0.0f;
-    framesPerPixel = 0.0f;
-    msPerPixel = 100.0f;
-    bPreview = false;
+    m_model->reset();
+    m_playback->endPreview();
     closeWave();
 
-    const int result = WaveHelperInit(wavePath.toLocal8Bit().constData(), &wave);
+    const int result = m_playback->open(m_io->getWavePath());
     if (result < 0) {
         closeWave();
         qDebug().noquote() << "WaveHelperInit failed";
@@ -333,21 +282,11 @@ int CWaveWnd::initWave()
         return result;
     }
 
-    msPerFrame = 1000.0f / wave.sampleRate;
-    maxTime = wave.frameCount * msPerFrame;
-    beginTime = 0;
-    // A new song starts with its first 40 seconds selected.
-    endTime = maxTime > kDefaultSelection ? kDefaultSelection : std::llround(maxTime);
-    maxZoomValue = kMaxZoom;
-    zoomFactor = 1.0f;
-    msPerPixel = 100.0f;
-    fitMsPerPixel = maxTime / width();
-    framesPerPixel = 100.0f / msPerFrame;
-    totalWidth = static_cast<int>(wave.frameCount / framesPerPixel);
-
+    const tagWaveInfo& wave = m_playback->record();
+    m_model->load(wave.frameCount, wave.sampleRate);
     scrollBar->show();
     updateScrollbar();
-    emit waveOpened(node);
+    emit waveOpened(m_io->getNode());
     emitSelectChange();
     emit playPosChange(0);
     update();
@@ -356,93 +295,37 @@ int CWaveWnd::initWave()
 
 void CWaveWnd::closeWave()
 {
-    WaveHelperUninit(&wave);
-    emit onStop();
+    m_playback->close();
 }
 
 // --- playback ----------------------------------------------------------------
 
 void CWaveWnd::do_play()
 {
-    applyEffect(bPreview);
-    if (WaveHelperPlay(&wave) == 0) {
-        // It was playing: the engine toggled to pause.
-        pause();
-        return;
-    }
-    playTimer->start();
-    emit onPlay(playPos, bPreview);
+    m_playback->do_play();
 }
 
 void CWaveWnd::play()
 {
-    if (bPreview) {
-        // Leaving preview restarts the song from its beginning.
-        bPreview = false;
-        WaveHelperPause(&wave);
-        WaveHelperSetPos(&wave, 0);
-    } else {
-        WaveHelperSetPos(&wave, playPos);
-    }
-    do_play();
+    m_playback->play();
 }
 
 void CWaveWnd::preview()
 {
-    if (bPreview && beginTime <= playPos && playPos < endTime) {
-        do_play();
-        return;
-    }
-    WaveHelperStop(&wave);
-    WaveHelperSetPos(&wave, beginTime);
-    bPreview = true;
-    do_play();
+    m_playback->preview();
 }
 
 void CWaveWnd::pause()
 {
-    playTimer->stop();
-    WaveHelperPause(&wave);
-    update();
-    emit onPause(bPreview);
+    m_playback->pause();
 }
 
 void CWaveWnd::stop()
 {
-    playTimer->stop();
-    WaveHelperStop(&wave);
-    WaveHelperUninit(&wave);
-    emit onStop();
+    m_playback->stop();
 }
 
 void CWaveWnd::timerEvent()
 {
-    // The user is dragging the play cursor: the engine's position must not
-    // pull it back.
-    if (mouseMode == 5)
-        return;
-    const long long pos = WaveHelperGetPos(&wave);
-    if (bPreview && pos > endTime) {
-        pause();
-        playPos = endTime;
-        bPreview = false;
-        WaveHelperSetPos(&wave, playPos);
-        update();
-        return;
-    }
-    // Judged on the previous position: within 100 ms of the end rewinds.
-    if (playPos + 100 >= maxTime) {
-        pause();
-        playPos = 0;
-        WaveHelperSetPos(&wave, 0);
-        update();
-        return;
-    }
-    if (static_cast<int>(pos / msPerPixel) - scrollX > width()) {
-        scrollX += width();
-        scrollBar->setValue(scrollX);
-    }
-    playPos = pos;
-    emit playPosChange(pos);
-    update();
+    m_playback->tick();
 }

@@ -1,15 +1,17 @@
 #pragma once
-// CWaveWnd: the waveform editor. Shows the temporary WAV of the current song,
-// keeps the selection that becomes the ringtone, the zoom and scroll, the
-// volume and fade settings, and drives playback through the WAV engine.
-// Ownership: the widget owns its scroll bar and play timer (Qt children), the
-// point buffer (unique_ptr) and the engine record `wave` (by value; the engine
-// is closed when the widget goes). The progress dialog is borrowed. Everything
-// runs on the GUI thread; only the engine's SDL callback reads `wave` from the
-// audio thread. The code is split: state and slots in wavewnd.cpp, drawing in
-// wavewnd_paint.cpp, mouse in wavewnd_mouse.cpp, import/export in wavewnd_io.cpp.
+// CWaveWnd: the waveform editor widget. It paints the wave, the ruler, the
+// selection and the play cursor, translates mouse gestures and drops, and
+// sends the editor's signals; the editor's logic lives in three widget-free
+// parts it forwards to: CWaveModel (times, selection, zoom, scroll and every
+// gesture's rule), CWavePlayback (the engine record and the play state
+// machine) and CWaveIo (import and export of the song).
+// Ownership: the widget owns its scroll bar (Qt child), the three parts and
+// the point buffer (unique_ptr). The progress dialog is borrowed. Everything
+// runs on the GUI thread; only the engine's SDL callback reads the record
+// from the audio thread. The code is split: state and slots in wavewnd.cpp,
+// drawing in wavewnd_paint.cpp, mouse in wavewnd_mouse.cpp, import/export
+// and drops in wavewnd_io.cpp.
 
-#include "audio/wavehelper.h"
 #include "library/ringtonenode.h"
 
 #include <QPainterPath>
@@ -21,7 +23,9 @@
 #include <memory>
 
 class CProgressDlg;
-class IProgress;
+class CWaveIo;
+class CWaveModel;
+class CWavePlayback;
 class QDragEnterEvent;
 class QDropEvent;
 class QImage;
@@ -31,8 +35,6 @@ class QPainter;
 class QResizeEvent;
 class QScrollBar;
 class QShowEvent;
-class QTimer;
-struct CWaveWndTestAccess;
 
 class CWaveWnd : public QWidget
 {
@@ -52,6 +54,15 @@ public:
     // The move() slot below hides QWidget's geometry moves; keep them usable.
     using QWidget::move;
 
+    // --- the editor's parts ---
+    // Changes made through them directly show at the next repaint and send
+    // no signal; the slots below are the way that does both.
+    CWaveModel& model() { return *m_model; }
+    const CWaveModel& model() const { return *m_model; }
+    CWavePlayback& playback() { return *m_playback; }
+    CWaveIo& io() { return *m_io; }
+    QScrollBar* scrollBarWidget() const { return scrollBar; }
+
     // --- selection, times and zoom ---
     void setBeginTime(long long t);
     void setEndTime(long long t);
@@ -70,7 +81,7 @@ public:
     void closeWave();
     void updateScrollbar();
     void initScrollBar();
-    // Loads `wavePath` into the engine and selects the first 40 seconds.
+    // Loads the temporary WAV into the engine and selects the first 40 seconds.
     int initWave();
 
     // --- drawing ---
@@ -144,44 +155,16 @@ protected:
     using QWidget::timerEvent;
 
 private:
-    friend struct CWaveWndTestAccess;
-
-    // Screen column of a time and time of a screen column at the current zoom.
-    int timeToX(long long t) const;
-    long long xToTime(int x) const;
     // The drawing height: the scroll bar lies over the bottom edge.
     int drawHeight() const;
     void emitSelectChange();
-    // Where a conversion reports progress and how the editor waits for one
-    // phase of it: the progress pane, or a silent wait when there is none.
-    IProgress* progressSink() const;
-    int waitPhase(float weight, float offset, bool wait);
+    // Moves the scroll bar by a gesture's step (which scrolls the view).
+    void scrollBy(int step);
 
     QScrollBar* scrollBar;
     int reservedConst; // 11; set by the constructor, read by nothing
-    QTimer* playTimer;
-    long long playPos;
-    int totalWidth;
-    int scrollX;
-    int mouseMode; // 0 none, 1 select, 2 move, 3 begin edge, 4 end edge, 5 play cursor
-    long long endTime;
-    long long beginTime;
-    int dragX;
-    float msPerPixel;
-    float maxZoomValue;
-    float fitMsPerPixel;
-    float msPerFrame;
-    float framesPerPixel;
-    float maxTime;
+    std::unique_ptr<CWaveModel> m_model;
+    std::unique_ptr<CWavePlayback> m_playback;
+    std::unique_ptr<CWaveIo> m_io;
     std::unique_ptr<QPoint[]> points;
-    tagWaveInfo wave;
-    CRingToneNode node;
-    bool bPreview;
-    QString wavePath;
-    CProgressDlg* progressDlg;
-    bool fadeOutOn;
-    bool fadeInOn;
-    int fadeInLength;
-    int fadeOutLength;
-    float zoomFactor;
 };

@@ -2,6 +2,8 @@
 // polyline and the play cursor, all drawn into one off-screen image per paint
 // that is then copied to the widget in one go.
 
+#include "editor/wavemodel.h"
+#include "editor/waveplayback.h"
 #include "editor/wavewnd.h"
 
 #include <QImage>
@@ -17,9 +19,8 @@
 
 namespace {
 
-constexpr int kRulerBaseline = 18;
-constexpr int kPeakBlock = 512; // frames per entry of the engine's peak table
-constexpr long long kRawBufferBytes = 4194304;
+constexpr int kRulerBaseline = kRulerBottom + 1;
+constexpr int kPeakBlock = kWavePeakBlockFrames;
 
 const QRgb kWaveColour = qRgb(80, 80, 80);
 const QRgb kWaveSelectedColour = qRgb(222, 222, 222);
@@ -55,10 +56,11 @@ void CWaveWnd::paintEvent(QPaintEvent* /*event*/)
 
         // While a new selection is drawn leftwards the end lies before the
         // begin; the panel then spans from the end to the begin.
-        const long long first = std::min(beginTime, endTime);
-        const long long last = std::max(beginTime, endTime);
-        const int left = static_cast<int>(first / msPerPixel - scrollX);
-        const int right = left - 1 + static_cast<int>((last - first) / msPerPixel);
+        const CWaveModel& m = *m_model;
+        const long long first = std::min(m.beginTime(), m.endTime());
+        const long long last = std::max(m.beginTime(), m.endTime());
+        const int left = static_cast<int>(first / m.msPerPixel() - m.scrollX());
+        const int right = left - 1 + static_cast<int>((last - first) / m.msPerPixel());
         const QRect panel(QPoint(left, kRulerBaseline + 1), QPoint(right, h));
         painter.setRenderHint(QPainter::Antialiasing, true);
         painter.fillPath(roundRectPath(panel), gradient);
@@ -101,8 +103,12 @@ QPainterPath CWaveWnd::roundRectPath(const QRect& rect)
 
 void CWaveWnd::drawWave(QPainter* painter, int width, int height)
 {
+    tagWaveInfo& wave = m_playback->record();
     if (!wave.peakTable)
         return;
+    const int totalWidth = m_model->totalWidth();
+    const int scrollX = m_model->scrollX();
+    const float framesPerPixel = m_model->framesPerPixel();
     const int centreY = (height - 28) / 2 + 28;
     const int amplitudeHeight = height - 36;
 
@@ -118,7 +124,8 @@ void CWaveWnd::drawWave(QPainter* painter, int width, int height)
     if (framesPerPixel < kPeakBlock) {
         // Keeps the raw read (plus the frame the reduction may look ahead)
         // inside the engine's 4 MiB buffer.
-        const long long bufferFrames = kRawBufferBytes / std::max<int>(1, wave.frameBytes);
+        const long long bufferFrames =
+            static_cast<long long>(kWaveRawBufferBytes) / std::max<int>(1, wave.frameBytes);
         const long long fit =
             static_cast<long long>(std::floor(bufferFrames / double(framesPerPixel))) - 1;
         columns = static_cast<int>(std::min<long long>(columns, fit));
@@ -146,20 +153,20 @@ void CWaveWnd::drawWave(QPainter* painter, int width, int height)
     const unsigned int cols = static_cast<unsigned int>(columns);
     int count = 0;
     switch (wave.formatKey) {
-    case 9:
+    case WAVE_U8_MONO:
         // 8-bit mono is reduced but deliberately never drawn.
         getMonoWave<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight, samples,
                             1);
         return;
-    case 10:
+    case WAVE_U8_STEREO:
         count = getMonoWave<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
                                     samples, 2);
         break;
-    case 17:
+    case WAVE_S16_MONO:
         count = getMonoWave<qint16>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
                                     samples, 1);
         break;
-    case 18:
+    case WAVE_S16_STEREO:
         count = getMonoWave<qint16>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
                                     samples, 2);
         break;
@@ -236,8 +243,9 @@ template int CWaveWnd::getMonoWave<quint8>(QPoint*, int, float, int, unsigned in
 
 void CWaveWnd::highLightSelectArea(QImage* image)
 {
-    int a = static_cast<int>(beginTime / msPerPixel - scrollX);
-    int b = static_cast<int>(endTime / msPerPixel - scrollX);
+    const CWaveModel& m = *m_model;
+    int a = static_cast<int>(m.beginTime() / m.msPerPixel() - m.scrollX());
+    int b = static_cast<int>(m.endTime() / m.msPerPixel() - m.scrollX());
     if (a > b)
         std::swap(a, b);
     b = std::min(b, image->width());
@@ -256,6 +264,8 @@ void CWaveWnd::highLightSelectArea(QImage* image)
 
 void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
 {
+    const int scrollX = m_model->scrollX();
+    const float msPerPixel = m_model->msPerPixel();
     painter->setPen(QPen(QColor(86, 86, 86), 1));
     QFont rulerFont = font();
     rulerFont.setPixelSize(9);
@@ -314,10 +324,10 @@ void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
 void CWaveWnd::drawPlay(QPainter* painter, int /*width*/, int /*height*/)
 {
     // Without a wave there is nothing to play: no cursor.
-    if (!wave.peakTable)
+    if (!m_playback->isOpen())
         return;
     // QPixmap keeps decoded resources in its cache: no decoding per paint.
     const QPixmap marker(":/wave/drag");
-    const float x = playPos / msPerPixel - scrollX;
+    const float x = m_model->playPos() / m_model->msPerPixel() - m_model->scrollX();
     painter->drawPixmap(static_cast<int>(x - marker.width() / 2), 1, marker);
 }

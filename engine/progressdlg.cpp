@@ -1,6 +1,6 @@
 #include "engine/progressdlg.h"
 
-#include "ui/gifsupported.h"
+#include "engine/gifsupported.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -8,9 +8,16 @@
 #include <QMovie>
 #include <QVBoxLayout>
 
+#include <vexa.h>
+
+namespace {
+// What a phase shown without waiting reads: all but done.
+constexpr float kAllButDone = KELO_PROGRESS_DONE - 1;
+} // namespace
+
 CProgressDlg::CProgressDlg(QWidget* parent)
-    : QWidget(parent), progress(0.0f), status(10000), flag(false), m_animationLabel(nullptr),
-      m_movie(nullptr), m_percentLabel(nullptr)
+    : QWidget(parent), progress(0.0f), status(KELO_PROGRESS_DONE), flag(false),
+      m_animationLabel(nullptr), m_movie(nullptr), m_percentLabel(nullptr)
 {
     auto* layout = new QVBoxLayout;
     layout->setContentsMargins(0, 0, 0, 0);
@@ -55,7 +62,7 @@ int CProgressDlg::start(float weight, float offset, bool wait)
 {
     Q_ASSERT_X(m_percentLabel, "CProgressDlg::start", "called on a pane without its animation");
     // Without waiting the phase is shown as all but done.
-    progress.store(wait ? 0.0f : 9999.0f, std::memory_order_relaxed);
+    progress.store(wait ? 0.0f : kAllButDone, std::memory_order_relaxed);
     m_percentLabel->move(width() / 2 - m_percentLabel->width() / 2,
                          height() / 2 - m_percentLabel->height() / 2);
     m_percentLabel->raise();
@@ -63,7 +70,7 @@ int CProgressDlg::start(float weight, float offset, bool wait)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 25);
         const float current = progress.load(std::memory_order_relaxed);
         const int value = static_cast<int>(current / 100.0 * weight + offset * 100.0);
-        if (current >= 10000.0f) {
+        if (current >= KELO_PROGRESS_DONE) {
             m_percentLabel->setText(QString("%1%").arg(value));
             break;
         }
@@ -73,6 +80,6 @@ int CProgressDlg::start(float weight, float offset, bool wait)
             return -2;
         m_percentLabel->setText(QString("%1%").arg(value));
     } while (wait);
-    status.store(10000, std::memory_order_relaxed);
+    status.store(KELO_PROGRESS_DONE, std::memory_order_relaxed);
     return 1;
 }

@@ -1,8 +1,8 @@
 #include "library/ItunesWrap.h"
 
 #include "library/librarynode.h"
-#include "library/ringtonemodel.h"
 #include "library/ringtonenode.h"
+#include "library/songsink.h"
 
 #include <itunesagent.h>
 
@@ -19,11 +19,11 @@ int collectionOf(tagLibraryType type)
 {
     switch (type) {
     case LT_LIBRARY:
-        return 0;
+        return ITA_COLLECTION_LIBRARY;
     case LT_COLLECTION1:
-        return 1;
+        return ITA_COLLECTION_OTHER;
     case LT_PLAYLISTS:
-        return 2;
+        return ITA_COLLECTION_PLAYLISTS;
     default:
         return -1;
     }
@@ -98,15 +98,15 @@ CItunesWraper* CItunesWraper::instance()
 
 CItunesWraper::CItunesWraper()
 {
-    m_icons.insert(4, QIcon(":/li/music"));
-    m_icons.insert(2, QIcon(":/li/video"));
-    m_icons.insert(3, QIcon(":/li/tv_show"));
-    m_icons.insert(10, QIcon(":/li/podcasts"));
-    m_icons.insert(55, QIcon(":/li/ringtones"));
-    m_icons.insert(19, QIcon(":/li/purchase"));
-    m_icons.insert(26, QIcon(":/li/genius"));
-    m_icons.insert(0, QIcon(":/li/file"));
-    m_icons.insert(22, QIcon(":/li/file"));
+    m_icons.insert(ITA_KIND_MUSIC, QIcon(":/li/music"));
+    m_icons.insert(ITA_KIND_MOVIES, QIcon(":/li/video"));
+    m_icons.insert(ITA_KIND_TV_SHOWS, QIcon(":/li/tv_show"));
+    m_icons.insert(ITA_KIND_PODCASTS, QIcon(":/li/podcasts"));
+    m_icons.insert(ITA_KIND_RINGTONES, QIcon(":/li/ringtones"));
+    m_icons.insert(ITA_KIND_PURCHASED, QIcon(":/li/purchase"));
+    m_icons.insert(ITA_KIND_GENIUS, QIcon(":/li/genius"));
+    m_icons.insert(ITA_KIND_USER, QIcon(":/li/file"));
+    m_icons.insert(ITA_KIND_DJ, QIcon(":/li/file"));
     ItunesAgentSetLogger(&forwardAgentLog, nullptr);
 }
 
@@ -204,7 +204,7 @@ int CItunesWraper::getPlaylistNode(tagLibraryType type, int position, CLibraryNo
     return 0;
 }
 
-int CItunesWraper::SearchSong(const QString& text, FilterType type, void* model)
+int CItunesWraper::SearchSong(const QString& text, FilterType type, ISongSink* sink)
 {
     const QByteArray local = text.toLocal8Bit();
     const auto length = static_cast<int32_t>(local.size());
@@ -243,13 +243,13 @@ int CItunesWraper::SearchSong(const QString& text, FilterType type, void* model)
     default:
         return -1;
     }
-    ::SearchSong(&query, &CItunesWraper::SearchCallback, model);
+    ::SearchSong(&query, &CItunesWraper::SearchCallback, sink);
     // The query copies are deliberately left allocated, as this call always
     // has done (a few bytes per search).
     return 1;
 }
 
-int CItunesWraper::SearchCallback(const void* playlist, int song, void* model)
+int CItunesWraper::SearchCallback(const void* playlist, int song, void* sink)
 {
     if (!playlist)
         return 1;
@@ -263,8 +263,8 @@ int CItunesWraper::SearchCallback(const void* playlist, int song, void* model)
         }
         CloseArtwork(artwork);
     }
-    if (model)
-        static_cast<CRingToneModel*>(model)->addRingTone(node);
+    if (sink)
+        static_cast<ISongSink*>(sink)->addRingTone(node);
     return 1;
 }
 

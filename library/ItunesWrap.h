@@ -15,6 +15,7 @@
 
 class CRingToneNode;
 class CLibraryNode;
+class ISongSink;
 
 class CItunesWraper
 {
@@ -32,10 +33,11 @@ public:
     // 0 filled (icon set, or null when the playlist could not be opened),
     // -1 no collection, -2 a kind without icon (such playlists are not shown).
     int getPlaylistNode(tagLibraryType type, int position, CLibraryNode* pNode);
-    // 1, or -1 for an unknown filter type. model is the CRingToneModel that
-    // receives one record per hit.
-    int SearchSong(const QString& text, FilterType type, void* model);
-    static int SearchCallback(const void* playlist, int song, void* model);
+    // 1, or -1 for an unknown filter type. The sink receives one record per
+    // hit before this returns.
+    int SearchSong(const QString& text, FilterType type, ISongSink* sink);
+    // The agent's search callback; `sink` is the ISongSink given above.
+    static int SearchCallback(const void* playlist, int song, void* sink);
     // The agent's result; 0 on success.
     int AddToItunes(const QString& path);
 

@@ -1,11 +1,15 @@
 #include "library/librarymodel.h"
 
 #include "library/ItunesWrap.h"
+#include "library/libraryloader.h"
 
 #include <QFont>
 #include <QIcon>
 
-CLibraryModel::CLibraryModel(QObject* parent) : QAbstractItemModel(parent), m_root(nullptr) {}
+CLibraryModel::CLibraryModel(QObject* parent)
+    : QAbstractItemModel(parent), m_root(nullptr), m_loading(false)
+{
+}
 
 CLibraryModel::~CLibraryModel()
 {
@@ -20,10 +24,33 @@ void CLibraryModel::loadLibrary()
     delete m_root;
     m_root = nullptr;
     endRemoveRows();
+    buildTree();
+}
+
+void CLibraryModel::refill()
+{
+    // The tree a view already shows is replaced: a reset tells it so.
+    beginResetModel();
+    delete m_root;
+    m_root = nullptr;
+    buildTree();
+    endResetModel();
+}
+
+void CLibraryModel::buildTree()
+{
+    m_root = new CLibraryNode(LT_ROOT, tr("ITunes"));
+    // While the library loads, one row says so; the tree fills itself when
+    // the load ends.
+    CLibraryLoader* loader = CLibraryLoader::instance();
+    m_loading = loader->isLoading();
+    if (m_loading) {
+        m_root->addChild(new CLibraryNode(LT_ROOT, tr("Loading library…")));
+        loader->whenLoaded(this, [this] { refill(); });
+        return;
+    }
 
     CItunesWraper* wrapper = CItunesWraper::instance();
-    m_root = new CLibraryNode(LT_ROOT, tr("ITunes"));
-
     auto* library = new CLibraryNode(LT_LIBRARY, tr("Library"));
     m_root->addChild(library);
     const int libraryCount = wrapper->getPlaylistCount(LT_LIBRARY);
@@ -104,6 +131,11 @@ QVariant CLibraryModel::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         return node->icon.isNull() ? QIcon() : node->icon;
     case Qt::FontRole:
+        if (m_loading) {
+            QFont font;
+            font.setItalic(true);
+            return font;
+        }
         if (node->parent && node->parent->type == LT_ROOT) {
             QFont font;
             // The heaviest weight ("black"; 87 on the old scale).

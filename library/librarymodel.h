@@ -3,7 +3,9 @@
 // with the groups "Library" and "PlayList", each holding the agent's
 // playlists of its collection. Owns the whole tree through its root node.
 // GUI thread only. loadLibrary() rebuilds the tree; call it before a view is
-// attached, since the rebuild announces only the removal of row 0.
+// attached, since the rebuild announces only the removal of row 0. While the
+// library loads on its worker thread the tree holds one "Loading library…"
+// row and refills itself (with a model reset) when the load ends.
 
 #include "library/librarynode.h"
 
@@ -32,5 +34,11 @@ public:
     CLibraryNode* nodeFromIndex(const QModelIndex& index) const;
 
 private:
+    // Builds the tree under a fresh root (or the loading row).
+    void buildTree();
+    // Replaces the loading row by the loaded library.
+    void refill();
+
     CLibraryNode* m_root; // null until loadLibrary()
+    bool m_loading;       // the tree is the loading row
 };

@@ -1,6 +1,7 @@
 #include "library/ringtonemodel.h"
 
 #include "library/ItunesWrap.h"
+#include "library/libraryloader.h"
 
 #include <QSize>
 
@@ -51,6 +52,12 @@ QVariant CRingToneModel::data(const QModelIndex& index, int role) const
 
 void CRingToneModel::load(tagLibraryType type, int position)
 {
+    // While the library loads, the request is answered when the load ends.
+    CLibraryLoader* loader = CLibraryLoader::instance();
+    if (loader->isLoading()) {
+        loader->whenLoaded(this, [this, type, position] { load(type, position); });
+        return;
+    }
     clearRingTone();
     m_type = type;
     m_position = position;
@@ -85,6 +92,11 @@ void CRingToneModel::clearRingTone()
 
 void CRingToneModel::Search(QString text, FilterType type)
 {
+    CLibraryLoader* loader = CLibraryLoader::instance();
+    if (loader->isLoading()) {
+        loader->whenLoaded(this, [this, text, type] { Search(text, type); });
+        return;
+    }
     clearRingTone();
     // From here on the agent contributes no rows: every row is an owned hit.
     m_type = LT_SEARCH;

@@ -8,13 +8,14 @@
 
 #include "library/librarytypes.h"
 #include "library/ringtonenode.h"
+#include "library/songsink.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
 #include <QString>
 #include <QVector>
 
-class CRingToneModel : public QAbstractTableModel
+class CRingToneModel : public QAbstractTableModel, public ISongSink
 {
     Q_OBJECT
 
@@ -30,7 +31,7 @@ public:
     void load(tagLibraryType type, int position);
     // Appends a copy as an owned row, after the earlier owned rows and before
     // the playlist's songs.
-    bool addRingTone(const CRingToneNode& node);
+    bool addRingTone(const CRingToneNode& node) override;
     // Removes every row and deletes the owned records; type and position stay.
     void clearRingTone();
     // Replaces the rows with the hits of a library-wide search.

@@ -14,6 +14,7 @@ PACKAGES=(
   libcurl4-openssl-dev
   xvfb xauth
   hyperfine time
+  clang clang-format libclang-rt-14-dev
   frozen-bubble-data
 )
 

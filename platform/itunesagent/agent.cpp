@@ -1,10 +1,13 @@
 // The agent's C calls over one process-wide state: the loaded library and
 // the tables of open playlist and artwork handles, all behind one recursive
-// lock (SearchSong's callback calls back in on the same thread). Handles are
-// numbers from one counter, never reused while open and never pointers, so a
-// closed or made-up handle is simply not found.
+// lock (SearchSong's callback calls back in on the same thread). The library
+// is built without holding the lock, so that a load on a worker thread keeps
+// nobody waiting but the calls that need the library. Handles are numbers
+// from one counter, never reused while open and never pointers, so a closed
+// or made-up handle is simply not found.
 
 #include "itunesagent.h"
+#include "itunesagent_testing.h"
 
 #include "agentlog.h"
 #include "folderlibrary.h"
@@ -14,13 +17,10 @@
 #include "scancache.h"
 #include "xmllibrary.h"
 
-#include <QStandardPaths>
-#include <QString>
-
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <cstdlib>
+#include <condition_variable>
 #include <cstring>
 #include <deque>
 #include <filesystem>
@@ -69,9 +69,22 @@ struct ArtworkHandle
     std::vector<std::string> images;
 };
 
+// Where the library comes from, as the application said.
+struct Sources
+{
+    std::string music;       // the Music folder: scanned, and home of iTunes/*.xml
+    std::string videos;      // the Videos folder: scanned
+    std::string cacheDir;    // the scan cache's folder; none: no cache
+    std::string libraryFile; // an XML library to use instead of the usual places
+};
+
 struct State
 {
     std::recursive_mutex mutex;
+    std::condition_variable_any loadDone;
+    Sources sources;
+    bool loading = false;
+    unsigned generation = 0; // a reset during a load makes that load stale
     std::shared_ptr<Library> lib;
     std::unordered_map<uintptr_t, int32_t> playlists; // handle -> playlist index or kAllTracks
     std::unordered_map<uintptr_t, ArtworkHandle> artworks;
@@ -113,30 +126,6 @@ uintptr_t newHandle(State& s)
     }
 }
 
-std::string utf8(const QString& s)
-{
-    const QByteArray b = s.toUtf8();
-    return std::string(b.constData(), static_cast<size_t>(b.size()));
-}
-
-std::string homeDir()
-{
-    const char* home = std::getenv("HOME");
-    return home ? home : "";
-}
-
-std::string musicDir()
-{
-    const QString dir = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
-    return dir.isEmpty() ? homeDir() + "/Music" : utf8(dir);
-}
-
-std::string videosDir()
-{
-    const QString dir = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-    return dir.isEmpty() ? homeDir() + "/Videos" : utf8(dir);
-}
-
 bool fileExists(const std::string& path)
 {
     std::error_code ec;
@@ -151,17 +140,18 @@ double msSince(std::chrono::steady_clock::time_point start)
 
 // Tries the configured or usual library file; null when there is none or it
 // cannot be read (the reason is logged).
-std::shared_ptr<Library> loadXml(const std::string& music)
+std::shared_ptr<Library> loadXml(const Sources& from)
 {
+    const std::string& music = from.music;
+    const bool configured = !from.libraryFile.empty();
     std::vector<std::string> candidates;
-    const char* configured = std::getenv("TONEWRIGHT_LIBRARY_XML");
-    if (configured && *configured)
-        candidates.push_back(configured);
-    else
+    if (configured)
+        candidates.push_back(from.libraryFile);
+    else if (!music.empty())
         candidates = {music + "/iTunes/iTunes Music Library.xml",
                       music + "/iTunes/iTunes Library.xml"};
     for (const std::string& path : candidates) {
-        if (!(configured && *configured) && !fileExists(path))
+        if (!configured && !fileExists(path))
             continue;
         const auto start = std::chrono::steady_clock::now();
         auto lib = std::make_shared<Library>();
@@ -182,21 +172,25 @@ std::shared_ptr<Library> loadXml(const std::string& music)
     return nullptr;
 }
 
-std::shared_ptr<Library> loadFolders(const std::string& music)
+std::shared_ptr<Library> loadFolders(const Sources& from)
 {
+    const std::string& music = from.music;
     const auto start = std::chrono::steady_clock::now();
     auto lib = std::make_shared<Library>();
     lib->backend = ITA_BACKEND_FOLDER;
-    lib->ringtoneDir = music + "/Ringtones";
+    if (!music.empty())
+        lib->ringtoneDir = music + "/Ringtones";
     std::vector<std::string> roots;
-    for (const std::string& dir : {music, videosDir()}) {
+    for (const std::string& dir : {music, from.videos}) {
         if (!dir.empty() && std::find(roots.begin(), roots.end(), dir) == roots.end()) {
             roots.push_back(dir);
             lib->source += (lib->source.empty() ? "" : ", ") + dir;
         }
     }
     FolderScanStats stats;
-    loadFolderLibrary(*lib, roots, ScanCache::defaultPath(), stats);
+    const std::string cache =
+        from.cacheDir.empty() ? std::string() : from.cacheDir + "/library-cache.bin";
+    loadFolderLibrary(*lib, roots, cache, stats);
     logLine("folder library %s: %zu files (%zu read, %zu from the cache, %zu skipped), "
             "%zu playlist files in %.1f ms",
             lib->source.c_str(), stats.files, stats.read, stats.cached, stats.skipped,
@@ -204,15 +198,37 @@ std::shared_ptr<Library> loadFolders(const std::string& music)
     return lib;
 }
 
-Library& loaded(State& s)
+using Lock = std::unique_lock<std::recursive_mutex>;
+
+std::shared_ptr<Library> buildLibrary(const Sources& from)
 {
-    if (!s.lib) {
-        const std::string music = musicDir();
-        std::shared_ptr<Library> lib = loadXml(music);
-        if (!lib)
-            lib = loadFolders(music);
-        attachRingtones(*lib);
-        s.lib = std::move(lib);
+    std::shared_ptr<Library> lib = loadXml(from);
+    if (!lib)
+        lib = loadFolders(from);
+    attachRingtones(*lib);
+    return lib;
+}
+
+// The library, built first when there is none. The build runs with the lock
+// released; a call that needs the library while another thread builds it
+// waits for that build, and a build that a reset made stale is thrown away.
+Library& loaded(State& s, Lock& lock)
+{
+    while (!s.lib) {
+        if (s.loading) {
+            s.loadDone.wait(lock);
+            continue;
+        }
+        s.loading = true;
+        const unsigned generation = s.generation;
+        const Sources from = s.sources;
+        lock.unlock();
+        std::shared_ptr<Library> lib = buildLibrary(from);
+        lock.lock();
+        s.loading = false;
+        if (generation == s.generation)
+            s.lib = std::move(lib);
+        s.loadDone.notify_all();
     }
     return *s.lib;
 }
@@ -233,7 +249,8 @@ int songCount(State& s, const void* handle)
     const auto it = s.playlists.find(fromHandle(handle));
     if (it == s.playlists.end())
         return ITA_E_HANDLE;
-    Library& lib = loaded(s);
+    // Handles exist only while a library does.
+    const Library& lib = *s.lib;
     if (it->second == kAllTracks)
         return static_cast<int>(lib.tracks.size());
     return static_cast<int>(lib.playlists[static_cast<size_t>(it->second)].items.size());
@@ -245,7 +262,7 @@ int64_t trackAt(State& s, const void* handle, int song)
     const auto it = s.playlists.find(fromHandle(handle));
     if (it == s.playlists.end())
         return ITA_E_HANDLE;
-    Library& lib = loaded(s);
+    const Library& lib = *s.lib;
     if (song < 0)
         return ITA_E_ARGUMENT;
     if (it->second == kAllTracks)
@@ -289,7 +306,7 @@ ArtworkHandle* artworkOf(State& s, const void* handle)
         return nullptr;
     ArtworkHandle& art = it->second;
     if (!art.loaded) {
-        Library& lib = loaded(s);
+        Library& lib = *s.lib;
         art.images = readArtwork(std::string(lib.strings.view(lib.tracks[art.track].location)));
         art.loaded = true;
         // Remembered, so that a song without pictures is not opened again.
@@ -318,8 +335,8 @@ int GetPlaylistCount(int nCollection)
 {
     counted(cGetPlaylistCount);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
-    Library& lib = loaded(s);
+    Lock lock(s.mutex);
+    Library& lib = loaded(s, lock);
     if (nCollection < 0 || nCollection > 2)
         return ITA_E_ARGUMENT;
     return static_cast<int>(lib.collections[nCollection].size());
@@ -329,8 +346,8 @@ int GetPlaylistName(int nCollection, int nPosition, char* pBuffer, int nSize)
 {
     counted(cGetPlaylistName);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
-    Library& lib = loaded(s);
+    Lock lock(s.mutex);
+    Library& lib = loaded(s, lock);
     const Playlist* playlist = playlistAt(lib, nCollection, nPosition);
     if (!playlist)
         return ITA_E_ARGUMENT;
@@ -341,8 +358,8 @@ void* OpenPlaylist(int nCollection, int nPosition)
 {
     counted(cOpenPlaylist);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
-    Library& lib = loaded(s);
+    Lock lock(s.mutex);
+    Library& lib = loaded(s, lock);
     const Playlist* playlist = playlistAt(lib, nCollection, nPosition);
     if (!playlist)
         return nullptr;
@@ -362,7 +379,7 @@ int ClosePlaylist(const void* hPlaylist)
 {
     counted(cClosePlaylist);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     return s.playlists.erase(fromHandle(hPlaylist)) ? ITA_OK : ITA_E_HANDLE;
 }
 
@@ -370,7 +387,7 @@ int GetSongCount(const void* hPlaylist)
 {
     counted(cGetSongCount);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     return songCount(s, hPlaylist);
 }
 
@@ -378,20 +395,20 @@ int GetPlaylistKind(const void* hPlaylist)
 {
     counted(cGetPlaylistKind);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const auto it = s.playlists.find(fromHandle(hPlaylist));
     if (it == s.playlists.end())
         return ITA_E_HANDLE;
     if (it->second == kAllTracks)
         return ITA_KIND_USER;
-    return loaded(s).playlists[static_cast<size_t>(it->second)].kind;
+    return s.lib->playlists[static_cast<size_t>(it->second)].kind;
 }
 
 int GetSongInfo(const void* hPlaylist, int nSong, tagSongInfo* pInfo)
 {
     counted(cGetSongInfo);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const int64_t track = trackAt(s, hPlaylist, nSong);
     if (track < 0)
         return static_cast<int>(track);
@@ -411,7 +428,7 @@ void* OpenArtwork(const void* hPlaylist, int nSong)
 {
     counted(cOpenArtwork);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const int64_t track = trackAt(s, hPlaylist, nSong);
     if (track < 0)
         return nullptr;
@@ -434,7 +451,7 @@ int GetArtworkCount(const void* hArtwork)
 {
     counted(cGetArtworkCount);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const ArtworkHandle* art = artworkOf(s, hArtwork);
     return art ? static_cast<int>(art->images.size()) : ITA_E_HANDLE;
 }
@@ -443,7 +460,7 @@ int GetArtworkInfo(const void* hArtwork, int nImage, tagArtworkInfo* pInfo)
 {
     counted(cGetArtworkInfo);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const ArtworkHandle* art = artworkOf(s, hArtwork);
     if (!art)
         return ITA_E_HANDLE;
@@ -463,7 +480,7 @@ int CloseArtwork(const void* hArtwork)
 {
     counted(cCloseArtwork);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const uintptr_t id = fromHandle(hArtwork);
     if (!s.artworks.erase(id))
         return ITA_E_HANDLE;
@@ -476,12 +493,12 @@ int SearchSong(const tagSongInfo* pQuery, SearchSongProc pfnCallback, void* pUse
 {
     counted(cSearchSong);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     if (!pQuery || !pfnCallback)
         return ITA_E_ARGUMENT;
     // Held here: a callback that resets the agent must not pull the tracks
     // away under the loop.
-    loaded(s);
+    loaded(s, lock);
     const std::shared_ptr<Library> lib = s.lib;
     const std::string title = foldCase(queryField(pQuery->pszTitle, pQuery->nTitleSize));
     const std::string artist = foldCase(queryField(pQuery->pszArtist, pQuery->nArtistSize));
@@ -510,10 +527,10 @@ int AppendRingtone(const char* pszPath)
 {
     counted(cAppendRingtone);
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     if (!pszPath || !*pszPath)
         return ITA_E_ARGUMENT;
-    return appendRingtone(loaded(s), pszPath);
+    return appendRingtone(loaded(s, lock), pszPath);
 }
 
 void ItunesAgentSetLogger(ItunesAgentLogProc pfnLog, void* pUser)
@@ -521,18 +538,35 @@ void ItunesAgentSetLogger(ItunesAgentLogProc pfnLog, void* pUser)
     setLogger(pfnLog, pUser);
 }
 
+void ItunesAgentSetFolders(const char* pszMusic, const char* pszVideos, const char* pszCacheDir)
+{
+    State& s = state();
+    Lock lock(s.mutex);
+    s.sources.music = pszMusic ? pszMusic : "";
+    s.sources.videos = pszVideos ? pszVideos : "";
+    s.sources.cacheDir = pszCacheDir ? pszCacheDir : "";
+}
+
+void ItunesAgentSetLibraryFile(const char* pszPath)
+{
+    State& s = state();
+    Lock lock(s.mutex);
+    s.sources.libraryFile = pszPath ? pszPath : "";
+}
+
 int ItunesAgentLoad(void)
 {
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
-    return loaded(s).backend;
+    Lock lock(s.mutex);
+    return loaded(s, lock).backend;
 }
 
 void ItunesAgentReset(void)
 {
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     s.lib.reset();
+    ++s.generation;
     s.playlists.clear();
     s.artworks.clear();
     s.artworkOrder.clear();
@@ -545,14 +579,14 @@ void ItunesAgentReset(void)
 int ItunesAgentBackend(void)
 {
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     return s.lib ? s.lib->backend : ITA_BACKEND_NONE;
 }
 
 int ItunesAgentSetHandleLimit(int nMaxOpenPlaylists)
 {
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
+    Lock lock(s.mutex);
     const int previous = s.handleLimit;
     s.handleLimit = nMaxOpenPlaylists < 1 ? kDefaultHandleLimit : nMaxOpenPlaylists;
     return previous;
@@ -574,8 +608,8 @@ unsigned long ItunesAgentCallCount(const char* pszFunction)
 int ItunesAgentGetRingtoneDir(char* pBuffer, int nSize)
 {
     State& s = state();
-    std::lock_guard<std::recursive_mutex> lock(s.mutex);
-    return copyText(loaded(s).ringtoneDir, pBuffer, nSize);
+    Lock lock(s.mutex);
+    return copyText(loaded(s, lock).ringtoneDir, pBuffer, nSize);
 }
 
 } // extern "C"

@@ -191,7 +191,9 @@ void FolderScan::run(const std::vector<std::string>& roots, const std::string& c
     std::sort(playlists.begin(), playlists.end());
     playlists.erase(std::unique(playlists.begin(), playlists.end()), playlists.end());
 
-    m_old.load(cachePath);
+    // Without a cache folder every file is read.
+    if (!cachePath.empty())
+        m_old.load(cachePath);
     m_fresh.entries.reserve(media.size());
     m_byPath.reserve(media.size());
     m_lib.tracks.reserve(media.size());
@@ -205,7 +207,7 @@ void FolderScan::run(const std::vector<std::string>& roots, const std::string& c
     m_lib.playlists[m_lib.addPlaylist(ITA_COLLECTION_LIBRARY, "Movies", ITA_KIND_MOVIES)].items =
         std::move(m_movies);
 
-    if (m_changed || m_fresh.entries.size() != m_old.entries.size()) {
+    if (!cachePath.empty() && (m_changed || m_fresh.entries.size() != m_old.entries.size())) {
         if (!m_fresh.save(cachePath))
             logLine("library cache: cannot write %s", cachePath.c_str());
     }

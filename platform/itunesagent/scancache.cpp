@@ -7,8 +7,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <cstdlib>
-
 namespace ita {
 
 namespace {
@@ -27,18 +25,6 @@ std::string text(const QByteArray& b)
 }
 
 } // namespace
-
-std::string ScanCache::defaultPath()
-{
-    std::string base;
-    if (const char* xdg = std::getenv("XDG_CACHE_HOME"); xdg && *xdg)
-        base = xdg;
-    else if (const char* home = std::getenv("HOME"); home && *home)
-        base = std::string(home) + "/.cache";
-    else
-        base = QDir::tempPath().toStdString();
-    return base + "/tonewright/library-cache.bin";
-}
 
 bool ScanCache::load(const std::string& path)
 {

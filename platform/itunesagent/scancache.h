@@ -26,9 +26,6 @@ struct CacheEntry
 class ScanCache
 {
 public:
-    // $XDG_CACHE_HOME/tonewright/library-cache.bin, ~/.cache when unset.
-    static std::string defaultPath();
-
     bool load(const std::string& path);
     bool save(const std::string& path) const;
 

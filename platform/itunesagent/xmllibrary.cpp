@@ -382,6 +382,12 @@ bool loadXmlLibrary(const std::string& path, Library& lib, std::string& musicFol
     std::string document;
     if (!readWholeFile(path, document, why))
         return false;
+    return parseXmlLibrary(document, lib, musicFolder, why);
+}
+
+bool parseXmlLibrary(std::string_view document, Library& lib, std::string& musicFolder,
+                     std::string& why)
+{
     lib.strings.reserve(document.size() / 8);
     PlistReader reader(document);
     XmlLibraryReader builder(reader, lib);

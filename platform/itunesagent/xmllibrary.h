@@ -11,6 +11,7 @@
 #include "library.h"
 
 #include <string>
+#include <string_view>
 
 namespace ita {
 
@@ -19,5 +20,8 @@ namespace ita {
 // left in an unspecified state and must be thrown away.
 bool loadXmlLibrary(const std::string& path, Library& lib, std::string& musicFolder,
                     std::string& why);
+// The same over a document already in memory.
+bool parseXmlLibrary(std::string_view document, Library& lib, std::string& musicFolder,
+                     std::string& why);
 
 } // namespace ita

@@ -143,7 +143,7 @@ void RenderJob::run()
                        m_order.dest.c_str());
         notify(m_progress, rc);
     } else {
-        notify(10000, KELO_OK);
+        notify(KELO_PROGRESS_DONE, KELO_OK);
     }
     m_done.store(true);
     t_current = nullptr;
@@ -192,8 +192,9 @@ int RenderJob::render(std::string* temp)
         rc = sink->write(samples, frames);
         if (rc < 0)
             return rc;
-        // One call per percent; 10000 is kept for the very end.
-        const int progress = std::min(9999, static_cast<int>(source.progress() * 10000.0));
+        // One call per percent; the end's value is kept for the very end.
+        const int progress = std::min(KELO_PROGRESS_DONE - 1,
+                                      static_cast<int>(source.progress() * KELO_PROGRESS_DONE));
         if (progress / 100 > noted / 100) {
             noted = progress;
             notify(progress, KELO_OK);

@@ -13,6 +13,10 @@ extern "C" {
 #include <cstring>
 #include <system_error>
 
+// The engine's codec numbers are libavcodec's.
+static_assert(int(KELO_CODEC_PCM_S16LE) == int(AV_CODEC_ID_PCM_S16LE), "PCM id");
+static_assert(int(KELO_CODEC_AAC) == int(AV_CODEC_ID_AAC), "AAC id");
+
 namespace {
 std::atomic<KeloPostProc> g_post{nullptr};
 } // namespace
@@ -34,10 +38,10 @@ extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloR
 
     bool aac = false;
     if (std::strcmp(param->pszFormat, "wav") == 0) {
-        if (param->nAudioCodec != AV_CODEC_ID_PCM_S16LE)
+        if (param->nAudioCodec != KELO_CODEC_PCM_S16LE)
             return KELO_E_CODEC;
     } else if (std::strcmp(param->pszFormat, "mp4") == 0) {
-        if (param->nAudioCodec != AV_CODEC_ID_AAC)
+        if (param->nAudioCodec != KELO_CODEC_AAC)
             return KELO_E_CODEC;
         aac = true;
     } else {

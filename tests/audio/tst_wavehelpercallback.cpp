@@ -92,6 +92,8 @@ private slots:
     void shouldStopAndPadWithSilenceAtEndOfData_data();
     void shouldStopAndPadWithSilenceAtEndOfData();
     void shouldIgnoreNullRecord();
+    void shouldAskForBuffersOfAtMostAnEighthSecond_data();
+    void shouldAskForBuffersOfAtMostAnEighthSecond();
 
     void shouldWriteEffectsBackAsPlayed_data();
     void shouldWriteEffectsBackAsPlayed();
@@ -406,6 +408,28 @@ void TestWaveHelperCallback::shouldWriteNothingWhenStreamIsAtEnd()
     WaveHelperChangeVolume(&w, 50);
     QCOMPARE(WaveHelperUninit(&w), 0);
     QCOMPARE(audiotest::readFile(path), file);
+}
+
+void TestWaveHelperCallback::shouldAskForBuffersOfAtMostAnEighthSecond_data()
+{
+    QTest::addColumn<uint>("rate");
+    QTest::addColumn<int>("frames");
+    QTest::newRow("48000 Hz") << 48000u << 1024;
+    QTest::newRow("44100 Hz") << 44100u << 1024;
+    QTest::newRow("8000 Hz: 128 ms") << 8000u << 1024;
+    QTest::newRow("7999 Hz") << 7999u << 512;
+    QTest::newRow("4000 Hz") << 4000u << 512;
+    QTest::newRow("1000 Hz") << 1000u << 128;
+    QTest::newRow("100 Hz: the least") << 100u << 16;
+    QTest::newRow("1 Hz") << 1u << 16;
+    QTest::newRow("0 Hz") << 0u << 16;
+}
+
+void TestWaveHelperCallback::shouldAskForBuffersOfAtMostAnEighthSecond()
+{
+    QFETCH(uint, rate);
+    QFETCH(int, frames);
+    QCOMPARE(int(WaveHelperCallbackFrames(rate)), frames);
 }
 
 TW_TEST_MAIN(TestWaveHelperCallback)

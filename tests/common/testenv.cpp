@@ -1,5 +1,7 @@
 #include "testenv.h"
 
+#include "engine/platformfolders.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -51,6 +53,18 @@ void setIdentity()
     QCoreApplication::setOrganizationName("vandrel");
     QCoreApplication::setOrganizationDomain("vandrel.example");
     QCoreApplication::setApplicationName("tonewright");
+    tellPlatformFolders();
+}
+
+QString testData(const QString& name)
+{
+    return QStringLiteral(TW_SOURCE_DIR "/tests/data/") + name;
+}
+
+QString sharedData(const QString& name)
+{
+    const QString path = QStringLiteral(TW_SHARED_DATA_DIR "/") + name;
+    return QFile::exists(path) ? path : QString();
 }
 
 bool ffmpeg(const QStringList& args, QString* error)

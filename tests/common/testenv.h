@@ -17,8 +17,15 @@ namespace tw {
 void isolateEnvironment();
 // The temporary home made by isolateEnvironment().
 QString testHome();
-// Organisation "vandrel", application "tonewright", test-mode standard paths.
+// Organisation "vandrel", application "tonewright", test-mode standard paths,
+// and the platform libraries told their folders as start-up tells them.
 void setIdentity();
+
+// A fixture kept in the repository under tests/data/.
+QString testData(const QString& name);
+// A file of the optional folder of real third-party files beside the
+// repository (../shared/data); empty when that folder is absent.
+QString sharedData(const QString& name);
 
 // Runs `ffmpeg -v error -y ARGS`; true on exit code 0. *error gets stderr.
 bool ffmpeg(const QStringList& args, QString* error = nullptr);
@@ -31,6 +38,15 @@ bool writeWav(const QString& path, int rate, int channels, int bits, qint64 fram
               const std::function<int(qint64 frame, int channel)>& sample);
 
 } // namespace tw
+
+// Sets `var` to the path of an optional third-party file, or skips the test
+// with a message saying what is missing.
+#define TW_SHARED_DATA_OR_SKIP(var, name)                                                          \
+    const QString var = tw::sharedData(name);                                                      \
+    if (var.isEmpty())                                                                             \
+    QSKIP(qPrintable(QString("optional real file %1 is absent (../shared/data is not beside this " \
+                             "clone)")                                                             \
+                         .arg(name)))
 
 #define TW_TEST_MAIN(TestClass)                                                                    \
     int main(int argc, char* argv[])                                                               \

@@ -30,8 +30,6 @@
 #include <memory>
 #include <vector>
 
-using twed::Access;
-
 namespace {
 
 const double kAacFrameMs = 1024.0 * 1000.0 / 44100.0;
@@ -210,13 +208,13 @@ private slots:
         const QTime end = selected.last().at(1).toTime();
         QVERIFY2(std::llabs(QTime(0, 0).msecsTo(end) - expectedEnd) <= 60,
                  qPrintable(end.toString("hh:mm:ss.zzz")));
-        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
-        QCOMPARE(Access::wave(*m_wnd).formatKey, 18u);
-        QCOMPARE(Access::wave(*m_wnd).sampleRate, 44100u);
+        QVERIFY(m_wnd->playback().record().peakTable != nullptr);
+        QCOMPARE(m_wnd->playback().record().formatKey, 18u);
+        QCOMPARE(m_wnd->playback().record().sampleRate, 44100u);
 
         const QStringList wavesAfter = tempWaves();
         QCOMPARE(wavesAfter.size(), wavesBefore.size() + 1);
-        const QString wave = Access::wavePath(*m_wnd);
+        const QString wave = m_wnd->io().getWavePath();
         QVERIFY(QFileInfo(wave).fileName().contains(QRegularExpression("^wave_\\d{9}\\.tmp$")));
         // A canonical 44-byte header: the data chunk starts right after "fmt ".
         QFile f(wave);
@@ -237,8 +235,8 @@ private slots:
         QSignalSpy selected(m_wnd, &CWaveWnd::selectChange);
         QCOMPARE(m_wnd->openFile(song(path)), 0);
         QCOMPARE(opened.count(), 1);
-        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
-        QCOMPARE(checksum(Access::wavePath(*m_wnd)), checksum(path));
+        QVERIFY(m_wnd->playback().record().peakTable != nullptr);
+        QCOMPARE(checksum(m_wnd->io().getWavePath()), checksum(path));
         QCOMPARE(selected.last().at(1).toTime(), QTime(0, 0, 12, 0));
 
         // One new temporary file in the cache, named by the time of day: the
@@ -249,7 +247,7 @@ private slots:
         QCOMPARE(added.size(), 1);
         QVERIFY2(QRegularExpression("^wave_\\d{9}\\.tmp$").match(added.first()).hasMatch(),
                  qPrintable(added.first()));
-        QCOMPARE(cachePath(added.first()), Access::wavePath(*m_wnd));
+        QCOMPARE(cachePath(added.first()), m_wnd->io().getWavePath());
     }
 
     void shouldTellAWaveOnlyByItsRiffWaveHeader()
@@ -323,7 +321,7 @@ private slots:
         const QString src = tone("export.flac", 60, {"-c:a", "flac"});
         const QByteArray before = checksum(src);
         QCOMPARE(m_wnd->openFile(song(src)), 0);
-        const QString firstWave = Access::wavePath(*m_wnd);
+        const QString firstWave = m_wnd->io().getWavePath();
 
         m_wnd->setBeginTime(10000LL);
         m_wnd->setEndTime(50000LL);
@@ -376,21 +374,21 @@ private slots:
         QCOMPARE(checksum(src), before);
 
         // The editor reloaded a fresh temporary WAV and kept its selection.
-        const QString secondWave = Access::wavePath(*m_wnd);
+        const QString secondWave = m_wnd->io().getWavePath();
         QVERIFY(secondWave != firstWave);
         QVERIFY(QFile::exists(secondWave));
-        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
-        QCOMPARE(Access::beginTime(*m_wnd), 10000LL);
-        QCOMPARE(Access::endTime(*m_wnd), 50000LL);
+        QVERIFY(m_wnd->playback().record().peakTable != nullptr);
+        QCOMPARE(m_wnd->model().beginTime(), 10000LL);
+        QCOMPARE(m_wnd->model().endTime(), 50000LL);
         // The engine's effects are back to their defaults until set again.
-        QCOMPARE(Access::wave(*m_wnd).volume, 100);
+        QCOMPARE(m_wnd->playback().record().volume, 100);
 
         // And it can export again at once.
         const QString again = cachePath("Again.m4r");
         QVERIFY(m_wnd->convertToM4r(again) >= 0);
         QVERIFY(QFile::exists(again));
         QVERIFY(std::fabs(probeDuration(again) * 1000.0 - 40000.0) <= kAacFrameMs);
-        QVERIFY(Access::wavePath(*m_wnd) != secondWave);
+        QVERIFY(m_wnd->io().getWavePath() != secondWave);
         QVERIFY(QFile::exists(ringtoneDir() + "/Again.m4r"));
     }
 
@@ -399,8 +397,8 @@ private slots:
         const QString src = m_dir.filePath("paused.wav");
         QVERIFY(tw::writeWav(src, 44100, 2, 16, 44100 * 12, twed::sine(44100, 16, 440, 0.5)));
         QCOMPARE(m_wnd->openFile(song(src)), 0);
-        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
-        QVERIFY(!Access::preview(*m_wnd));
+        QVERIFY(m_wnd->playback().record().peakTable != nullptr);
+        QVERIFY(!m_wnd->playback().isPreview());
         const QString ring = cachePath("Paused.m4r");
         QFile::remove(ring);
 
@@ -409,9 +407,9 @@ private slots:
         bool closed = false;
         bool ringWritten = true;
         const QMetaObject::Connection seen = connect(m_wnd, &CWaveWnd::onPause, this, [&] {
-            closed = Access::wave(*m_wnd).peakTable == nullptr &&
-                     Access::wave(*m_wnd).scanFile == nullptr &&
-                     Access::wave(*m_wnd).playFile == nullptr;
+            closed = m_wnd->playback().record().peakTable == nullptr &&
+                     m_wnd->playback().record().scanFile == nullptr &&
+                     m_wnd->playback().record().playFile == nullptr;
             ringWritten = QFile::exists(ring);
         });
         const int rc = m_wnd->convertToM4r(ring);
@@ -423,7 +421,7 @@ private slots:
         QVERIFY(closed);       // the engine had written its effects and let go
         QVERIFY(!ringWritten); // before the ringtone was made
         QVERIFY(QFile::exists(ring));
-        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr); // reloaded afterwards
+        QVERIFY(m_wnd->playback().record().peakTable != nullptr); // reloaded afterwards
     }
 
     void shouldReplaceAnExistingRingtoneOfTheSameName()
@@ -442,11 +440,11 @@ private slots:
     void shouldRefuseAnEmptyDestination()
     {
         QCOMPARE(m_wnd->openFile(song(tone("song.mp3", 60, {"-c:a", "libmp3lame"}))), 0);
-        const QString wave = Access::wavePath(*m_wnd);
+        const QString wave = m_wnd->io().getWavePath();
         QCOMPARE(m_wnd->convertToM4r(QString()), -1);
         // Nothing happened: the wave is still open and unchanged.
-        QCOMPARE(Access::wavePath(*m_wnd), wave);
-        QVERIFY(Access::wave(*m_wnd).peakTable != nullptr);
+        QCOMPARE(m_wnd->io().getWavePath(), wave);
+        QVERIFY(m_wnd->playback().record().peakTable != nullptr);
     }
 
     void shouldFailOnAnUnwritableDestinationAndStayUsable()
@@ -537,10 +535,10 @@ private slots:
         QSignalSpy opened(m_wnd, &CWaveWnd::waveOpened);
         QCOMPARE(m_wnd->openFile(song(path)), 0);
         QCOMPARE(opened.count(), 1);
-        const float duration = Access::maxTime(*m_wnd);
+        const float duration = m_wnd->model().maxTime();
         QVERIFY(duration > 20000);
         const long long expected = std::min<long long>(40000, std::llround(duration));
-        QCOMPARE(Access::endTime(*m_wnd), expected);
+        QCOMPARE(m_wnd->model().endTime(), expected);
 
         // A picture of the editor on real music, at zoom 1 with a selection.
         if (QTest::currentDataTag() == QLatin1String("main theme, one player")) {

@@ -12,8 +12,6 @@
 
 #include <memory>
 
-using twed::Access;
-
 namespace {
 
 QTime ms(long long t)
@@ -59,19 +57,19 @@ private slots:
     void shouldStartWithDescribedDefaults()
     {
         CWaveWnd w;
-        QCOMPARE(Access::playPos(w), 0LL);
-        QCOMPARE(Access::beginTime(w), 0LL);
-        QCOMPARE(Access::endTime(w), 144000000LL);
-        QCOMPARE(Access::msPerPixel(w), 100.0f);
-        QCOMPARE(Access::zoomFactor(w), 1.0f);
-        QCOMPARE(Access::fadeInLength(w), 5);
-        QCOMPARE(Access::fadeOutLength(w), 5);
+        QCOMPARE(w.model().playPos(), 0LL);
+        QCOMPARE(w.model().beginTime(), 0LL);
+        QCOMPARE(w.model().endTime(), 144000000LL);
+        QCOMPARE(w.model().msPerPixel(), 100.0f);
+        QCOMPARE(w.model().zoomFactor(), 1.0f);
+        QCOMPARE(w.playback().getFadeInLength(), 5);
+        QCOMPARE(w.playback().getFadeOutLength(), 5);
         QCOMPARE(w.getLength(), 0);
         QCOMPARE(w.getPageLength(), 100);
         QCOMPARE(w.getMaxZoom(), 5.0f);
         QCOMPARE(w.getMinZoom(), 1.0f);
         QVERIFY(w.acceptDrops());
-        QVERIFY(!Access::scrollBar(w)->isVisibleTo(&w));
+        QVERIFY(!w.scrollBarWidget()->isVisibleTo(&w));
         QCOMPARE(w.contentsMargins(), QMargins(0, 0, 0, 0));
     }
 
@@ -98,7 +96,7 @@ private slots:
 
         CWaveWnd w;
         w.resize(500, 200);
-        Access::node(w).strTitle = "Song title";
+        w.io().getNode().strTitle = "Song title";
         QStringList order;
         connect(&w, &CWaveWnd::onStop, this, [&] { order << "onStop"; });
         connect(&w, &CWaveWnd::waveOpened, this, [&] { order << "waveOpened"; });
@@ -116,15 +114,15 @@ private slots:
         QCOMPARE(selected.at(0).at(0).toTime(), ms(0));
         QCOMPARE(selected.at(0).at(1).toTime(), ms(end));
         QCOMPARE(pos.at(0).at(0).toLongLong(), 0LL);
-        QCOMPARE(Access::beginTime(w), 0LL);
-        QCOMPARE(Access::endTime(w), end);
+        QCOMPARE(w.model().beginTime(), 0LL);
+        QCOMPARE(w.model().endTime(), end);
         QCOMPARE(w.getEndTime(), ms(end));
-        QVERIFY(qAbs(Access::maxTime(w) - seconds * 1000) < 1.0);
-        QCOMPARE(w.getMaxTime(), ms(static_cast<long long>(Access::maxTime(w))));
+        QVERIFY(qAbs(w.model().maxTime() - seconds * 1000) < 1.0);
+        QCOMPARE(w.getMaxTime(), ms(static_cast<long long>(w.model().maxTime())));
         // At zoom 1 one pixel is 100 ms.
         QVERIFY(qAbs(w.getLength() - int(seconds * 10)) <= 1);
         QCOMPARE(w.getPageLength(), 500);
-        QVERIFY(Access::scrollBar(w)->isVisibleTo(&w));
+        QVERIFY(w.scrollBarWidget()->isVisibleTo(&w));
     }
 
     void shouldFailOnFileWithoutRiffHeaderWithoutOpeningIt()
@@ -195,8 +193,8 @@ private slots:
         QFETCH(long long, end);
         auto w = loaded(file == "sixty" ? sixty : threeSec);
         QVERIFY(w);
-        Access::beginTime(*w) = begin0;
-        Access::endTime(*w) = end0;
+        w->model().setSelection(begin0, w->model().endTime());
+        w->model().setSelection(w->model().beginTime(), end0);
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
 
         if (setBegin)
@@ -204,8 +202,8 @@ private slots:
         else
             w->setEndTime(t);
 
-        QCOMPARE(Access::beginTime(*w), begin);
-        QCOMPARE(Access::endTime(*w), end);
+        QCOMPARE(w->model().beginTime(), begin);
+        QCOMPARE(w->model().endTime(), end);
         QCOMPARE(selected.count(), 1);
         QCOMPARE(selected.at(0).at(0).toTime(), ms(begin));
         QCOMPARE(selected.at(0).at(1).toTime(), ms(end));
@@ -216,17 +214,17 @@ private slots:
         auto w = loaded(sixty);
         QVERIFY(w);
         w->setBeginTime(QTime(0, 0, 12, 500));
-        QCOMPARE(Access::beginTime(*w), 12500LL);
-        QCOMPARE(Access::endTime(*w), 52500LL);
+        QCOMPARE(w->model().beginTime(), 12500LL);
+        QCOMPARE(w->model().endTime(), 52500LL);
         w->setEndTime(QTime(0, 0, 45));
-        QCOMPARE(Access::endTime(*w), 45000LL);
+        QCOMPARE(w->model().endTime(), 45000LL);
 
-        Access::playPos(*w) = 20000;
+        w->model().setPlayPos(20000);
         w->setBeginTime();
-        QCOMPARE(Access::beginTime(*w), 20000LL);
-        Access::playPos(*w) = 31000;
+        QCOMPARE(w->model().beginTime(), 20000LL);
+        w->model().setPlayPos(31000);
         w->setEndTime();
-        QCOMPARE(Access::endTime(*w), 31000LL);
+        QCOMPARE(w->model().endTime(), 31000LL);
         QCOMPARE(w->getBeginTime(), QTime(0, 0, 20));
         QCOMPARE(w->getEndTime(), QTime(0, 0, 31));
     }
@@ -260,7 +258,7 @@ private slots:
             w->volumeAdd();
         else
             w->volumeReduce();
-        QCOMPARE(Access::wave(*w).volume, result);
+        QCOMPARE(w->playback().record().volume, result);
         QCOMPARE(changed.count(), 1);
         QCOMPARE(changed.at(0).at(0).toInt(), result);
     }
@@ -279,10 +277,10 @@ private slots:
         QFETCH(int, stored);
         auto w = loaded(sixty);
         QVERIFY(w);
-        QCOMPARE(Access::wave(*w).volume, 100);
+        QCOMPARE(w->playback().record().volume, 100);
         QSignalSpy changed(w.get(), &CWaveWnd::volumeChange);
         w->setVolume(value);
-        QCOMPARE(Access::wave(*w).volume, stored);
+        QCOMPARE(w->playback().record().volume, stored);
         QCOMPARE(changed.count(), 0);
     }
 
@@ -313,8 +311,8 @@ private slots:
             w->zoomOut();
         QCOMPARE(zoomed.count(), 1);
         QVERIFY(qFuzzyCompare(zoomed.at(0).at(0).toFloat(), to));
-        QVERIFY(qFuzzyCompare(Access::zoomFactor(*w), to));
-        QVERIFY(qFuzzyCompare(Access::msPerPixel(*w), 100.0f / to));
+        QVERIFY(qFuzzyCompare(w->model().zoomFactor(), to));
+        QVERIFY(qFuzzyCompare(w->model().msPerPixel(), 100.0f / to));
         // 60 s: the whole wave is 600 px at zoom 1.
         QVERIFY(qAbs(w->getLength() - int(600 * to)) <= 1);
     }
@@ -324,32 +322,32 @@ private slots:
         auto w = loaded(sixty, 400);
         QVERIFY(w);
         w->zoom(0.01f);
-        QVERIFY(qFuzzyCompare(Access::zoomFactor(*w), w->getMinZoom()));
+        QVERIFY(qFuzzyCompare(w->model().zoomFactor(), w->getMinZoom()));
         QVERIFY(qAbs(w->getLength() - 400) <= 1);
         QSignalSpy zoomed(w.get(), &CWaveWnd::zoomChange);
         w->zoomOut(); // at the minimum: clamps back to it
         w->zoom(0.5f);
         QCOMPARE(zoomed.count(), 2);
-        QVERIFY(qFuzzyCompare(Access::zoomFactor(*w), w->getMinZoom()));
+        QVERIFY(qFuzzyCompare(w->model().zoomFactor(), w->getMinZoom()));
 
         // A short song fits at zoom 1 already: the minimum never exceeds 1.
         auto shortSong = loaded(threeSec, 400);
         QVERIFY(shortSong);
         QCOMPARE(shortSong->getMinZoom(), 1.0f);
         shortSong->zoom(0.5f);
-        QCOMPARE(Access::zoomFactor(*shortSong), 1.0f);
+        QCOMPARE(shortSong->model().zoomFactor(), 1.0f);
     }
 
     void shouldKeepLeftEdgeTimeWhenZooming()
     {
         auto w = loaded(sixty, 200);
         QVERIFY(w);
-        QScrollBar* bar = Access::scrollBar(*w);
+        QScrollBar* bar = w->scrollBarWidget();
         QCOMPARE(bar->maximum(), 600 - 200);
         bar->setValue(300); // 30 s at the left edge
-        QCOMPARE(Access::scrollX(*w), 300);
+        QCOMPARE(w->model().scrollX(), 300);
         w->zoom(2.0f);
-        QCOMPARE(Access::scrollX(*w), 600);
+        QCOMPARE(w->model().scrollX(), 600);
         QCOMPARE(bar->value(), 600);
         QCOMPARE(bar->maximum(), 1200 - 200);
         QCOMPARE(bar->pageStep(), 200);
@@ -357,7 +355,7 @@ private slots:
         // Back to 1: the 30 s edge survives even though the old value was
         // beyond the new range.
         w->zoom(1.0f);
-        QCOMPARE(Access::scrollX(*w), 300);
+        QCOMPARE(w->model().scrollX(), 300);
         QCOMPARE(bar->value(), 300);
         // The bar lies over the bottom edge, full width.
         QCOMPARE(bar->geometry().bottom(), w->height() - 1);
@@ -369,14 +367,14 @@ private slots:
         auto w = loaded(sixty);
         QVERIFY(w);
         const int bytesPerSecond = 2 * 32000;
-        Access::beginTime(*w) = 12500;
-        Access::endTime(*w) = 40900;
+        w->model().setSelection(12500, w->model().endTime());
+        w->model().setSelection(w->model().beginTime(), 40900);
         w->enableFadeIn(true);
         w->enableFadeOut(true);
         w->fadeIn(3);
         w->fadeOut(4);
         w->applyEffect(true);
-        const tagWaveInfo& info = Access::wave(*w);
+        const tagWaveInfo& info = w->playback().record();
         // Whole seconds: begin 12.5 s fades from second 12.
         QCOMPARE(info.fadeInStart, bytesPerSecond * 12 + 44);
         QCOMPARE(info.fadeInEnd, bytesPerSecond * 15 + 44);
@@ -403,12 +401,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&parent));
         QVERIFY(w.hasMouseTracking());
         w.select();
-        QCOMPARE(Access::mouseMode(w), 1);
+        QCOMPARE(w.model().mouseMode(), 1);
         w.move();
-        QCOMPARE(Access::mouseMode(w), 2);
+        QCOMPARE(w.model().mouseMode(), 2);
         QVERIFY(!w.hasMouseTracking());
         w.adjust();
-        QCOMPARE(Access::mouseMode(w), 4);
+        QCOMPARE(w.model().mouseMode(), 4);
         // Geometry moves still work despite the move() slot.
         w.move(QPoint(3, 4));
         QCOMPARE(w.pos(), QPoint(3, 4));
@@ -443,11 +441,11 @@ private slots:
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(0).toLongLong(), 0LL);
         QCOMPARE(played.at(0).at(1).toBool(), false);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 1);
-        QVERIFY(Access::timerActive(*w));
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 1);
+        QVERIFY(w->playback().isTimerActive());
 
         // The timer reports the position as the engine advances.
-        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) >= 300, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() >= 300, 5000);
         QVERIFY(pos.count() >= 2);
         long long last = -1;
         for (const auto& args : pos) {
@@ -458,27 +456,27 @@ private slots:
         w->pause();
         QCOMPARE(paused.count(), 1);
         QCOMPARE(paused.at(0).at(0).toBool(), false);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
-        QVERIFY(!Access::timerActive(*w));
-        const long long at = Access::playPos(*w);
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 2);
+        QVERIFY(!w->playback().isTimerActive());
+        const long long at = w->model().playPos();
 
         // Play resumes from the play position.
         w->play();
         QCOMPARE(played.count(), 2);
         QCOMPARE(played.at(1).at(0).toLongLong(), at);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) >= at);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) < at + 500);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) >= at);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) < at + 500);
 
         // Play while playing pauses instead.
         w->play();
         QCOMPARE(played.count(), 2);
         QCOMPARE(paused.count(), 2);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 2);
 
         w->stop();
         QCOMPARE(stopped.count(), 1);
-        QVERIFY(!Access::timerActive(*w));
-        QVERIFY(Access::wave(*w).peakTable == nullptr);
+        QVERIFY(!w->playback().isTimerActive());
+        QVERIFY(w->playback().record().peakTable == nullptr);
         QCOMPARE(w->getPageLength(), 100);
     }
 
@@ -487,67 +485,67 @@ private slots:
         auto w = loaded(sixty);
         QVERIFY(w);
         // A short selection, as a mouse-drawn one can be.
-        Access::beginTime(*w) = 2000;
-        Access::endTime(*w) = 2800;
+        w->model().setSelection(2000, w->model().endTime());
+        w->model().setSelection(w->model().beginTime(), 2800);
         QSignalSpy played(w.get(), &CWaveWnd::onPlay);
         QSignalSpy paused(w.get(), &CWaveWnd::onPause);
 
         w->preview();
-        QVERIFY(Access::preview(*w));
+        QVERIFY(w->playback().isPreview());
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(1).toBool(), true);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) >= 2000);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) < 2500);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) >= 2000);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) < 2500);
 
         QTRY_COMPARE_WITH_TIMEOUT(paused.count(), 1, 5000);
         QCOMPARE(paused.at(0).at(0).toBool(), true);
-        QCOMPARE(Access::playPos(*w), 2800LL);
-        QVERIFY(!Access::preview(*w));
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
-        QCOMPARE(WaveHelperGetPos(&Access::wave(*w)), 2800LL);
-        QVERIFY(!Access::timerActive(*w));
+        QCOMPARE(w->model().playPos(), 2800LL);
+        QVERIFY(!w->playback().isPreview());
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 2);
+        QCOMPARE(WaveHelperGetPos(&w->playback().record()), 2800LL);
+        QVERIFY(!w->playback().isTimerActive());
     }
 
     void shouldToggleOrRestartPreview()
     {
         auto w = loaded(sixty);
         QVERIFY(w);
-        Access::beginTime(*w) = 10000;
-        Access::endTime(*w) = 20000;
+        w->model().setSelection(10000, w->model().endTime());
+        w->model().setSelection(w->model().beginTime(), 20000);
         QSignalSpy paused(w.get(), &CWaveWnd::onPause);
         w->preview();
-        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) >= 10100, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() >= 10100, 5000);
         // Inside the selection a second preview() pauses ...
         w->preview();
         QCOMPARE(paused.count(), 1);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
-        const long long at = WaveHelperGetPos(&Access::wave(*w));
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 2);
+        const long long at = WaveHelperGetPos(&w->playback().record());
         // ... and a third resumes where it was.
         w->preview();
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 1);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) >= at);
-        QVERIFY(Access::preview(*w));
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 1);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) >= at);
+        QVERIFY(w->playback().isPreview());
 
         // play() leaves preview and restarts the song from its beginning.
         w->play();
-        QVERIFY(!Access::preview(*w));
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 1);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) < 500);
-        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) < 1000, 2000);
+        QVERIFY(!w->playback().isPreview());
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 1);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) < 500);
+        QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() < 1000, 2000);
     }
 
     void shouldRewindAtSongEnd()
     {
         auto w = loaded(threeSec);
         QVERIFY(w);
-        Access::playPos(*w) = 2500;
+        w->model().setPlayPos(2500);
         QSignalSpy paused(w.get(), &CWaveWnd::onPause);
         w->play();
         QTRY_COMPARE_WITH_TIMEOUT(paused.count(), 1, 5000);
         QCOMPARE(paused.at(0).at(0).toBool(), false);
-        QCOMPARE(Access::playPos(*w), 0LL);
-        QCOMPARE(WaveHelperGetPos(&Access::wave(*w)), 0LL);
-        QVERIFY(!Access::timerActive(*w));
+        QCOMPARE(w->model().playPos(), 0LL);
+        QCOMPARE(WaveHelperGetPos(&w->playback().record()), 0LL);
+        QVERIFY(!w->playback().isTimerActive());
     }
 
     void shouldPageForwardWhenCursorLeavesView()
@@ -555,11 +553,11 @@ private slots:
         auto w = loaded(sixty, 200);
         QVERIFY(w);
         w->zoom(5.0f); // 20 ms per pixel: a page is 4 s
-        QCOMPARE(Access::scrollX(*w), 0);
-        Access::playPos(*w) = 3900;
+        QCOMPARE(w->model().scrollX(), 0);
+        w->model().setPlayPos(3900);
         w->play();
-        QTRY_COMPARE_WITH_TIMEOUT(Access::scrollX(*w), 200, 3000);
-        QCOMPARE(Access::scrollBar(*w)->value(), 200);
+        QTRY_COMPARE_WITH_TIMEOUT(w->model().scrollX(), 200, 3000);
+        QCOMPARE(w->scrollBarWidget()->value(), 200);
         w->pause();
     }
 
@@ -570,10 +568,10 @@ private slots:
         QSignalSpy stopped(w.get(), &CWaveWnd::onStop);
         w->closeWave();
         QCOMPARE(stopped.count(), 1);
-        QVERIFY(Access::wave(*w).peakTable == nullptr);
+        QVERIFY(w->playback().record().peakTable == nullptr);
         // A new load works after closing.
         QCOMPARE(twed::load(*w, stereo44k), 0);
-        QCOMPARE(Access::wave(*w).formatKey, 18u);
+        QCOMPARE(w->playback().record().formatKey, 18u);
     }
 };
 

@@ -13,8 +13,6 @@
 
 #include <memory>
 
-using twed::Access;
-
 namespace {
 
 constexpr int kWaveY = 100; // a row inside the wave area
@@ -69,8 +67,8 @@ private:
         w->show();
         if (!QTest::qWaitForWindowExposed(w.get()) || twed::load(*w, path) != 0)
             return nullptr;
-        Access::beginTime(*w) = begin;
-        Access::endTime(*w) = end;
+        w->model().setSelection(begin, w->model().endTime());
+        w->model().setSelection(w->model().beginTime(), end);
         return w;
     }
 
@@ -129,7 +127,7 @@ private slots:
         QFETCH(int, action);
         auto w = editor(sixty, 500, begin, end);
         QVERIFY(w);
-        Access::playPos(*w) = play;
+        w->model().setPlayPos(play);
         QCOMPARE(w->getAction(x, y), action);
     }
 
@@ -137,7 +135,7 @@ private slots:
     {
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        const int limit = w->height() - Access::scrollBar(*w)->height() - 4;
+        const int limit = w->height() - w->scrollBarWidget()->height() - 4;
         QCOMPARE(w->getAction(150, limit), 2);
         QCOMPARE(w->getAction(150, limit + 1), 0);
         QCOMPARE(w->getAction(100, limit + 1), 0);
@@ -162,19 +160,19 @@ private slots:
         QFETCH(int, shape);
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 30000;
+        w->model().setPlayPos(30000);
         QVERIFY(w->hasMouseTracking());
         w->setCursor(Qt::WaitCursor);
         hover(w.get(), x, y);
         QCOMPARE(int(w->cursor().shape()), shape);
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
     }
 
     void shouldDoNothingOnADragOverAnEmptyZone()
     {
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 30000;
+        w->model().setPlayPos(30000);
         QCOMPARE(w->getAction(400, kWaveY), 0); // right of the cursor, off every zone
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
         QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
@@ -182,24 +180,24 @@ private slots:
         w->setCursor(Qt::WaitCursor);
         press(w.get(), 400);
         // Only the select() slot draws a new selection; this press grabs nothing.
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
         QVERIFY(w->hasMouseTracking());
         QCOMPARE(w->cursor().shape(), Qt::WaitCursor);
         drag(w.get(), 450);
         // With nothing grabbed a move only hovers: the arrow of an empty zone.
         QCOMPARE(w->cursor().shape(), Qt::ArrowCursor);
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
         release(w.get(), 450);
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
         QVERIFY(w->hasMouseTracking());
-        QCOMPARE(Access::beginTime(*w), 10000LL);
-        QCOMPARE(Access::endTime(*w), 20000LL);
-        QCOMPARE(Access::playPos(*w), 30000LL);
-        QCOMPARE(Access::scrollX(*w), 0);
+        QCOMPARE(w->model().beginTime(), 10000LL);
+        QCOMPARE(w->model().endTime(), 20000LL);
+        QCOMPARE(w->model().playPos(), 30000LL);
+        QCOMPARE(w->model().scrollX(), 0);
         QCOMPARE(selected.count(), 0);
         QCOMPARE(pos.count(), 0);
         QCOMPARE(played.count(), 0);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 0);
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 0);
     }
 
     void shouldDrawNewSelectionWithoutMinimum_data()
@@ -224,20 +222,20 @@ private slots:
         w->select();
         // The slot's mode takes the press even over the selection's body.
         press(w.get(), from);
-        QCOMPARE(Access::mouseMode(*w), 1);
+        QCOMPARE(w->model().mouseMode(), 1);
         QVERIFY(!w->hasMouseTracking());
         QCOMPARE(w->cursor().shape(), Qt::OpenHandCursor);
-        QCOMPARE(Access::beginTime(*w), from * 100LL);
+        QCOMPARE(w->model().beginTime(), from * 100LL);
         drag(w.get(), (from + to) / 2);
-        QCOMPARE(Access::endTime(*w), (from + to) / 2 * 100LL);
+        QCOMPARE(w->model().endTime(), (from + to) / 2 * 100LL);
         QCOMPARE(selected.count(), 0); // no signal while drawing
         release(w.get(), to);
-        QCOMPARE(Access::beginTime(*w), begin);
-        QCOMPARE(Access::endTime(*w), end);
+        QCOMPARE(w->model().beginTime(), begin);
+        QCOMPARE(w->model().endTime(), end);
         QCOMPARE(selected.count(), 1);
         QCOMPARE(selected.at(0).at(0).toTime(), ms(begin));
         QCOMPARE(selected.at(0).at(1).toTime(), ms(end));
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
         QVERIFY(w->hasMouseTracking());
     }
 
@@ -247,21 +245,21 @@ private slots:
         QVERIFY(w);
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
         press(w.get(), 150);
-        QCOMPARE(Access::mouseMode(*w), 2);
+        QCOMPARE(w->model().mouseMode(), 2);
         QCOMPARE(w->cursor().shape(), Qt::ClosedHandCursor);
         QVERIFY(!w->hasMouseTracking());
         drag(w.get(), 170);
-        QCOMPARE(Access::beginTime(*w), 12000LL);
-        QCOMPARE(Access::endTime(*w), 22000LL);
+        QCOMPARE(w->model().beginTime(), 12000LL);
+        QCOMPARE(w->model().endTime(), 22000LL);
         QCOMPARE(selected.count(), 1);
         QCOMPARE(selected.at(0).at(0).toTime(), ms(12000));
         QCOMPARE(selected.at(0).at(1).toTime(), ms(22000));
         release(w.get(), 180);
-        QCOMPARE(Access::beginTime(*w), 13000LL);
-        QCOMPARE(Access::endTime(*w), 23000LL);
+        QCOMPARE(w->model().beginTime(), 13000LL);
+        QCOMPARE(w->model().endTime(), 23000LL);
         QCOMPARE(selected.count(), 2);
         QCOMPARE(w->cursor().shape(), Qt::OpenHandCursor);
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
         QVERIFY(w->hasMouseTracking());
     }
 
@@ -287,16 +285,16 @@ private slots:
         auto w = editor(sixty, 700, begin0, end0); // the whole 600 px wave in view
         QVERIFY(w);
         press(w.get(), from);
-        QCOMPARE(Access::mouseMode(*w), 2);
+        QCOMPARE(w->model().mouseMode(), 2);
         drag(w.get(), to);
-        QCOMPARE(Access::beginTime(*w), begin);
-        QCOMPARE(Access::endTime(*w), end);
+        QCOMPARE(w->model().beginTime(), begin);
+        QCOMPARE(w->model().endTime(), end);
         // Further pulling does not move it past the end either.
         drag(w.get(), to == 0 ? 1 : to - 1);
         drag(w.get(), to);
-        QVERIFY(Access::beginTime(*w) >= 0);
-        QVERIFY(Access::endTime(*w) <= 60000);
-        QCOMPARE(Access::endTime(*w) - Access::beginTime(*w), end0 - begin0);
+        QVERIFY(w->model().beginTime() >= 0);
+        QVERIFY(w->model().endTime() <= 60000);
+        QCOMPARE(w->model().endTime() - w->model().beginTime(), end0 - begin0);
         release(w.get(), to);
     }
 
@@ -306,17 +304,17 @@ private slots:
         QVERIFY(w);
         press(w.get(), 200);
         drag(w.get(), 240); // end at 390: not yet past width - 10
-        QCOMPARE(Access::scrollX(*w), 0);
+        QCOMPARE(w->model().scrollX(), 0);
         drag(w.get(), 250); // end at 400
-        QCOMPARE(Access::endTime(*w), 40000LL);
-        QCOMPARE(Access::scrollX(*w), 10);
-        QCOMPARE(Access::scrollBar(*w)->value(), 10);
+        QCOMPARE(w->model().endTime(), 40000LL);
+        QCOMPARE(w->model().scrollX(), 10);
+        QCOMPARE(w->scrollBarWidget()->value(), 10);
         // Back to the left, past the start: clamped to begin 0, whose pixel
         // lies left of the side, so the view scrolls back.
         drag(w.get(), 40);
-        QCOMPARE(Access::beginTime(*w), 0LL);
-        QCOMPARE(Access::endTime(*w), 25000LL);
-        QCOMPARE(Access::scrollX(*w), 0);
+        QCOMPARE(w->model().beginTime(), 0LL);
+        QCOMPARE(w->model().endTime(), 25000LL);
+        QCOMPARE(w->model().scrollX(), 0);
         release(w.get(), 40);
     }
 
@@ -326,40 +324,40 @@ private slots:
         QVERIFY(w);
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
         press(w.get(), 100);
-        QCOMPARE(Access::mouseMode(*w), 3);
+        QCOMPARE(w->model().mouseMode(), 3);
         QVERIFY(!w->hasMouseTracking());
         drag(w.get(), 150);
-        QCOMPARE(Access::beginTime(*w), 15000LL);
+        QCOMPARE(w->model().beginTime(), 15000LL);
         QCOMPARE(selected.count(), 1);
         // Within 5 s of the end: held at end - 5000.
         drag(w.get(), 390);
-        QCOMPARE(Access::beginTime(*w), 35000LL);
+        QCOMPARE(w->model().beginTime(), 35000LL);
         // Past the wave's end: ignored.
         drag(w.get(), 650);
-        QCOMPARE(Access::beginTime(*w), 35000LL);
+        QCOMPARE(w->model().beginTime(), 35000LL);
         QCOMPARE(selected.count(), 2);
         // Left of the wave: held at 0.
         drag(w.get(), -20);
-        QCOMPARE(Access::beginTime(*w), 0LL);
-        QCOMPARE(Access::endTime(*w), 40000LL);
+        QCOMPARE(w->model().beginTime(), 0LL);
+        QCOMPARE(w->model().endTime(), 40000LL);
         release(w.get(), 150);
         QCOMPARE(w->cursor().shape(), Qt::SizeHorCursor);
-        QCOMPARE(Access::beginTime(*w), 0LL); // set while moving, not on release
+        QCOMPARE(w->model().beginTime(), 0LL); // set while moving, not on release
         QCOMPARE(selected.count(), 4);
         QCOMPARE(selected.last().at(0).toTime(), ms(0));
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
     }
 
     void shouldScrollLeftWhenBeginEdgeNearsTheSide()
     {
         auto w = editor(sixty, 400, 15000, 40000);
         QVERIFY(w);
-        Access::scrollBar(*w)->setValue(100);
+        w->scrollBarWidget()->setValue(100);
         press(w.get(), 50); // 15 s at scroll 100
-        QCOMPARE(Access::mouseMode(*w), 3);
+        QCOMPARE(w->model().mouseMode(), 3);
         drag(w.get(), 5);
-        QCOMPARE(Access::beginTime(*w), 10500LL);
-        QCOMPARE(Access::scrollX(*w), 90);
+        QCOMPARE(w->model().beginTime(), 10500LL);
+        QCOMPARE(w->model().scrollX(), 90);
         release(w.get(), 5);
     }
 
@@ -369,15 +367,15 @@ private slots:
         QVERIFY(w);
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
         press(w.get(), 300);
-        QCOMPARE(Access::mouseMode(*w), 4);
+        QCOMPARE(w->model().mouseMode(), 4);
         drag(w.get(), 200);
-        QCOMPARE(Access::endTime(*w), 20000LL);
+        QCOMPARE(w->model().endTime(), 20000LL);
         // Within 5 s of the begin: held at begin + 5000.
         drag(w.get(), 120);
-        QCOMPARE(Access::endTime(*w), 15000LL);
+        QCOMPARE(w->model().endTime(), 15000LL);
         drag(w.get(), 20);
-        QCOMPARE(Access::endTime(*w), 15000LL);
-        QCOMPARE(Access::beginTime(*w), 10000LL);
+        QCOMPARE(w->model().endTime(), 15000LL);
+        QCOMPARE(w->model().beginTime(), 10000LL);
         release(w.get(), 20);
         QCOMPARE(w->cursor().shape(), Qt::SizeHorCursor);
         QCOMPARE(selected.count(), 4);
@@ -389,9 +387,9 @@ private slots:
         auto w = editor(sixty, 700, 57000, 60000);
         QVERIFY(w);
         press(w.get(), 600);
-        QCOMPARE(Access::mouseMode(*w), 4);
+        QCOMPARE(w->model().mouseMode(), 4);
         drag(w.get(), 590); // begin + 5000 would be 62 s: held at 60 s
-        QCOMPARE(Access::endTime(*w), 60000LL);
+        QCOMPARE(w->model().endTime(), 60000LL);
         release(w.get(), 590);
     }
 
@@ -401,12 +399,12 @@ private slots:
         QVERIFY(w);
         w->adjust();
         press(w.get(), 150); // inside the selection, yet it drags the end
-        QCOMPARE(Access::mouseMode(*w), 4);
+        QCOMPARE(w->model().mouseMode(), 4);
         drag(w.get(), 250);
-        QCOMPARE(Access::endTime(*w), 25000LL);
-        QCOMPARE(Access::beginTime(*w), 10000LL);
+        QCOMPARE(w->model().endTime(), 25000LL);
+        QCOMPARE(w->model().beginTime(), 10000LL);
         release(w.get(), 250);
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
     }
 
     void shouldScrollRightWhenEndEdgeNearsTheSide()
@@ -414,10 +412,10 @@ private slots:
         auto w = editor(sixty, 400, 10000, 38000);
         QVERIFY(w);
         press(w.get(), 380);
-        QCOMPARE(Access::mouseMode(*w), 4);
+        QCOMPARE(w->model().mouseMode(), 4);
         drag(w.get(), 395);
-        QCOMPARE(Access::endTime(*w), 39500LL);
-        QCOMPARE(Access::scrollX(*w), 10);
+        QCOMPARE(w->model().endTime(), 39500LL);
+        QCOMPARE(w->model().scrollX(), 10);
         release(w.get(), 395);
     }
 
@@ -430,15 +428,15 @@ private slots:
         auto w = editor(sixty, 500, 0, 40000);
         QVERIFY(w);
         w->setEndTime(150000000LL); // typed in, past the song
-        QCOMPARE(Access::endTime(*w), 150000000LL);
+        QCOMPARE(w->model().endTime(), 150000000LL);
         press(w.get(), 0);
-        QCOMPARE(Access::mouseMode(*w), 3);
+        QCOMPARE(w->model().mouseMode(), 3);
         drag(w.get(), 50);
-        QCOMPARE(Access::beginTime(*w), 150000000LL - 144000000LL);
+        QCOMPARE(w->model().beginTime(), 150000000LL - 144000000LL);
         // Closer than 40 hours: taken as it is.
-        Access::endTime(*w) = 144004000;
+        w->model().setSelection(w->model().beginTime(), 144004000);
         drag(w.get(), 45);
-        QCOMPARE(Access::beginTime(*w), 4500LL);
+        QCOMPARE(w->model().beginTime(), 4500LL);
         release(w.get(), 45);
     }
 
@@ -447,17 +445,17 @@ private slots:
         auto w = editor(sixty, 500, 0, 40000);
         QVERIFY(w);
         w->setBeginTime(-144000000LL); // no lower limit on the begin
-        QCOMPARE(Access::beginTime(*w), -144000000LL);
+        QCOMPARE(w->model().beginTime(), -144000000LL);
         w->adjust();
         press(w.get(), 300);
         drag(w.get(), 300); // 30 s is 40 hours and 30 s after the begin
-        QCOMPARE(Access::endTime(*w), 0LL);
-        Access::beginTime(*w) = -143990000;
+        QCOMPARE(w->model().endTime(), 0LL);
+        w->model().setSelection(-143990000, w->model().endTime());
         drag(w.get(), 301); // 40 h + 100 ms: held again
-        QCOMPARE(Access::endTime(*w), 10000LL);
-        Access::beginTime(*w) = -143900000;
+        QCOMPARE(w->model().endTime(), 10000LL);
+        w->model().setSelection(-143900000, w->model().endTime());
         drag(w.get(), 50); // 40 h - 95 s: taken as it is
-        QCOMPARE(Access::endTime(*w), 5000LL);
+        QCOMPARE(w->model().endTime(), 5000LL);
         release(w.get(), 50);
     }
 
@@ -465,26 +463,26 @@ private slots:
     {
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 30000;
+        w->model().setPlayPos(30000);
         QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
         press(w.get(), 300);
-        QCOMPARE(Access::mouseMode(*w), 5);
+        QCOMPARE(w->model().mouseMode(), 5);
         QCOMPARE(w->cursor().shape(), Qt::ClosedHandCursor);
         drag(w.get(), 350);
-        QCOMPARE(Access::playPos(*w), 35000LL);
+        QCOMPARE(w->model().playPos(), 35000LL);
         QCOMPARE(pos.count(), 0);
         release(w.get(), 360);
-        QCOMPARE(Access::playPos(*w), 36000LL);
+        QCOMPARE(w->model().playPos(), 36000LL);
         QCOMPARE(pos.count(), 1);
         QCOMPARE(pos.at(0).at(0).toLongLong(), 36000LL);
         QCOMPARE(w->cursor().shape(), Qt::OpenHandCursor);
         // Paused, the engine stays put; the next play starts there.
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 0);
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 0);
         QSignalSpy played(w.get(), &CWaveWnd::onPlay);
         w->play();
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(0).toLongLong(), 36000LL);
-        const long long enginePos = WaveHelperGetPos(&Access::wave(*w));
+        const long long enginePos = WaveHelperGetPos(&w->playback().record());
         QVERIFY2(enginePos >= 36000 && enginePos < 36500, qPrintable(QString::number(enginePos)));
         w->pause();
     }
@@ -494,42 +492,42 @@ private slots:
         auto w = editor(sixty, 600, 30000, 40000); // the cursor runs left of it
         QVERIFY(w);
         w->play();
-        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) >= 1000, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() >= 1000, 5000);
         w->pause();
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
-        QVERIFY(!Access::timerActive(*w));
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 2);
+        QVERIFY(!w->playback().isTimerActive());
         QTest::qWait(100);
-        const long long held = Access::playPos(*w);
-        const long long engineHeld = WaveHelperGetPos(&Access::wave(*w));
+        const long long held = w->model().playPos();
+        const long long engineHeld = WaveHelperGetPos(&w->playback().record());
         QSignalSpy played(w.get(), &CWaveWnd::onPlay);
         QSignalSpy paused(w.get(), &CWaveWnd::onPause);
         QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
 
         const int x = int(held / 100);
         press(w.get(), x);
-        QCOMPARE(Access::mouseMode(*w), 5);
+        QCOMPARE(w->model().mouseMode(), 5);
         drag(w.get(), x + 150);
         const long long target = held + 15000;
-        QCOMPARE(Access::playPos(*w), target);
+        QCOMPARE(w->model().playPos(), target);
         QCOMPARE(pos.count(), 0);
         release(w.get(), x + 150);
-        QCOMPARE(Access::playPos(*w), target);
+        QCOMPARE(w->model().playPos(), target);
         QCOMPARE(pos.count(), 1);
         QCOMPARE(pos.at(0).at(0).toLongLong(), target);
         // Still paused, and the engine was neither resumed nor moved.
         QCOMPARE(played.count(), 0);
         QCOMPARE(paused.count(), 0);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 2);
-        QVERIFY(!Access::timerActive(*w));
-        QCOMPARE(WaveHelperGetPos(&Access::wave(*w)), engineHeld);
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 2);
+        QVERIFY(!w->playback().isTimerActive());
+        QCOMPARE(WaveHelperGetPos(&w->playback().record()), engineHeld);
 
         // The next play starts from the dragged place.
         w->play();
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(0).toLongLong(), target);
         QCOMPARE(played.at(0).at(1).toBool(), false);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 1);
-        const long long enginePos = WaveHelperGetPos(&Access::wave(*w));
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 1);
+        const long long enginePos = WaveHelperGetPos(&w->playback().record());
         QVERIFY2(enginePos >= target && enginePos < target + 500,
                  qPrintable(QString::number(enginePos)));
         w->pause();
@@ -539,38 +537,38 @@ private slots:
     {
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 30000;
+        w->model().setPlayPos(30000);
         press(w.get(), 308, 8);
-        QCOMPARE(Access::mouseMode(*w), 5);
+        QCOMPARE(w->model().mouseMode(), 5);
         drag(w.get(), 258, 8);
         release(w.get(), 258, 8);
-        QCOMPARE(Access::playPos(*w), 25000LL);
+        QCOMPARE(w->model().playPos(), 25000LL);
     }
 
     void shouldKeepPlayCursorOffTheStartWhenDragging()
     {
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 3000; // x = 30, outside the selection
+        w->model().setPlayPos(3000); // x = 30, outside the selection
         press(w.get(), 30);
-        QCOMPARE(Access::mouseMode(*w), 5);
+        QCOMPARE(w->model().mouseMode(), 5);
         drag(w.get(), -50); // clamped to 0, which is not taken
-        QCOMPARE(Access::playPos(*w), 3000LL);
+        QCOMPARE(w->model().playPos(), 3000LL);
         drag(w.get(), 10);
-        QCOMPARE(Access::playPos(*w), 1000LL);
+        QCOMPARE(w->model().playPos(), 1000LL);
         release(w.get(), 10);
-        QCOMPARE(Access::playPos(*w), 1000LL);
+        QCOMPARE(w->model().playPos(), 1000LL);
     }
 
     void shouldScrollAlongWithPlayCursor()
     {
         auto w = editor(sixty, 400, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 38000;
+        w->model().setPlayPos(38000);
         press(w.get(), 380);
         drag(w.get(), 395);
-        QCOMPARE(Access::playPos(*w), 39500LL);
-        QCOMPARE(Access::scrollX(*w), 15);
+        QCOMPARE(w->model().playPos(), 39500LL);
+        QCOMPARE(w->model().scrollX(), 15);
         release(w.get(), 395);
     }
 
@@ -578,23 +576,23 @@ private slots:
     {
         auto w = editor(sixty, 400, 10000, 20000); // 600 px wave in 400 px
         QVERIFY(w);
-        Access::scrollBar(*w)->setValue(200); // the view shows 20 .. 60 s
-        QCOMPARE(Access::scrollX(*w), 200);
-        Access::playPos(*w) = 25000; // x = 50
+        w->scrollBarWidget()->setValue(200); // the view shows 20 .. 60 s
+        QCOMPARE(w->model().scrollX(), 200);
+        w->model().setPlayPos(25000); // x = 50
         QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
         press(w.get(), 50);
-        QCOMPARE(Access::mouseMode(*w), 5);
+        QCOMPARE(w->model().mouseMode(), 5);
         drag(w.get(), 45); // one step further on it is still in view
-        QCOMPARE(Access::playPos(*w), 24500LL);
-        QCOMPARE(Access::scrollX(*w), 200);
+        QCOMPARE(w->model().playPos(), 24500LL);
+        QCOMPARE(w->model().scrollX(), 200);
         drag(w.get(), 5); // one step further on it would be left of the view
-        QCOMPARE(Access::playPos(*w), 20500LL);
-        QCOMPARE(Access::scrollX(*w), 160);
-        QCOMPARE(Access::scrollBar(*w)->value(), 160);
+        QCOMPARE(w->model().playPos(), 20500LL);
+        QCOMPARE(w->model().scrollX(), 160);
+        QCOMPARE(w->scrollBarWidget()->value(), 160);
         QCOMPARE(pos.count(), 0);
         release(w.get(), 5);
-        QCOMPARE(Access::playPos(*w), 20500LL);
-        QCOMPARE(Access::scrollX(*w), 160);
+        QCOMPARE(w->model().playPos(), 20500LL);
+        QCOMPARE(w->model().scrollX(), 160);
         QCOMPARE(pos.count(), 1);
         QCOMPARE(pos.at(0).at(0).toLongLong(), 20500LL);
     }
@@ -606,20 +604,20 @@ private slots:
         QSignalSpy played(w.get(), &CWaveWnd::onPlay);
         QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
         w->play();
-        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) >= 1000, 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() >= 1000, 5000);
 
-        const int x = int(Access::playPos(*w) / 100);
+        const int x = int(w->model().playPos() / 100);
         press(w.get(), x);
-        QCOMPARE(Access::mouseMode(*w), 5);
+        QCOMPARE(w->model().mouseMode(), 5);
         // While the cursor is held the timer leaves it alone.
-        const long long held = Access::playPos(*w);
+        const long long held = w->model().playPos();
         QTest::qWait(250);
-        QCOMPARE(Access::playPos(*w), held);
-        QVERIFY(WaveHelperGetPos(&Access::wave(*w)) > held);
+        QCOMPARE(w->model().playPos(), held);
+        QVERIFY(WaveHelperGetPos(&w->playback().record()) > held);
 
         drag(w.get(), x + 200);
         const long long target = held + 20000;
-        QCOMPARE(Access::playPos(*w), target);
+        QCOMPARE(w->model().playPos(), target);
         pos.clear();
         QStringList order;
         connect(w.get(), &CWaveWnd::onPlay, this, [&] { order << "onPlay"; });
@@ -633,11 +631,11 @@ private slots:
         QCOMPARE(played.at(1).at(1).toBool(), false);
         QCOMPARE(pos.count(), 1);
         QCOMPARE(pos.at(0).at(0).toLongLong(), target);
-        QCOMPARE(WaveHelperGetState(&Access::wave(*w)), 1);
-        const long long enginePos = WaveHelperGetPos(&Access::wave(*w));
+        QCOMPARE(WaveHelperGetState(&w->playback().record()), 1);
+        const long long enginePos = WaveHelperGetPos(&w->playback().record());
         QVERIFY2(enginePos >= target && enginePos < target + 500,
                  qPrintable(QString::number(enginePos)));
-        QTRY_VERIFY_WITH_TIMEOUT(Access::playPos(*w) > target + 100, 3000);
+        QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() > target + 100, 3000);
         w->pause();
     }
 
@@ -656,22 +654,22 @@ private slots:
         QFETCH(bool, preview);
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
-        Access::playPos(*w) = 42000;
+        w->model().setPlayPos(42000);
         QSignalSpy played(w.get(), &CWaveWnd::onPlay);
         QTest::mouseClick(w.get(), Qt::LeftButton, {}, QPoint(x, kWaveY));
         QTest::mouseDClick(w.get(), Qt::LeftButton, {}, QPoint(x, kWaveY));
         release(w.get(), x);
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(1).toBool(), preview);
-        QCOMPARE(Access::preview(*w), preview);
+        QCOMPARE(w->playback().isPreview(), preview);
         // The click does not move the play cursor; preview starts at the begin.
-        QCOMPARE(Access::playPos(*w), 42000LL);
+        QCOMPARE(w->model().playPos(), 42000LL);
         const long long start = preview ? 10000 : 42000;
-        const long long enginePos = WaveHelperGetPos(&Access::wave(*w));
+        const long long enginePos = WaveHelperGetPos(&w->playback().record());
         QVERIFY2(enginePos >= start && enginePos < start + 500,
                  qPrintable(QString::number(enginePos)));
-        QCOMPARE(Access::beginTime(*w), 10000LL);
-        QCOMPARE(Access::endTime(*w), 20000LL);
+        QCOMPARE(w->model().beginTime(), 10000LL);
+        QCOMPARE(w->model().endTime(), 20000LL);
         w->pause();
     }
 
@@ -681,12 +679,12 @@ private slots:
         QVERIFY(w);
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
         press(w.get(), 150, kWaveY, Qt::RightButton);
-        QCOMPARE(Access::mouseMode(*w), 2);
+        QCOMPARE(w->model().mouseMode(), 2);
         QVERIFY(w->hasMouseTracking()); // only the left button starts a drag
         release(w.get(), 150, kWaveY, Qt::RightButton);
-        QCOMPARE(Access::mouseMode(*w), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
         QCOMPARE(selected.count(), 0);
-        QCOMPARE(Access::beginTime(*w), 10000LL);
+        QCOMPARE(w->model().beginTime(), 10000LL);
     }
 };
 

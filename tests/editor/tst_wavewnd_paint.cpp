@@ -11,8 +11,6 @@
 
 #include <memory>
 
-using twed::Access;
-
 namespace {
 
 bool isCursorOrange(QRgb p)
@@ -44,7 +42,7 @@ private:
     QString mono8bit; // 30 s, 8-bit mono, 8000 Hz
 
     // The drawing height for a widget of height h.
-    static int drawHeight(CWaveWnd& w) { return w.height() - Access::scrollBar(w)->height() - 2; }
+    static int drawHeight(CWaveWnd& w) { return w.height() - w.scrollBarWidget()->height() - 2; }
 
     std::unique_ptr<CWaveWnd> loaded(const QString& path, int width, int height = 200)
     {
@@ -152,8 +150,8 @@ private slots:
                                             8000, channels, bits, 60);
         auto w = loaded(path, 800);
         QVERIFY(w);
-        QCOMPARE(Access::wave(*w).formatKey, unsigned(bits | channels));
-        Access::playPos(*w) = 75000; // cursor at 750, clear of the columns below
+        QCOMPARE(w->playback().record().formatKey, unsigned(bits | channels));
+        w->model().setPlayPos(75000); // cursor at 750, clear of the columns below
         const QImage img = shot(*w);
         const int h = drawHeight(*w);
         // Selection 0 .. 40 s = columns 0 .. 399; the wave ends at 600.
@@ -211,7 +209,7 @@ private slots:
         auto w = loaded(path, 600);
         QVERIFY(w);
         w->zoom(zoom);
-        QVERIFY((Access::framesPerPixel(*w) < 512) == (zoom > 1.0f));
+        QVERIFY((w->model().framesPerPixel() < 512) == (zoom > 1.0f));
         const QImage img = shot(*w);
 
         const int height = drawHeight(*w) - 2;
@@ -242,8 +240,8 @@ private slots:
         auto w = loaded(sixty, 600);
         QVERIFY(w);
         w->zoom(5.0f); // selection 0 .. 40 s = pixels 0 .. 2000
-        Access::scrollBar(*w)->setValue(500);
-        QCOMPARE(Access::scrollX(*w), 500);
+        w->scrollBarWidget()->setValue(500);
+        QCOMPARE(w->model().scrollX(), 500);
         const QImage img = shot(*w);
         const int h = drawHeight(*w);
         for (int x : {0, 1, 301, 599}) {
@@ -266,8 +264,8 @@ private slots:
         QFETCH(bool, line);
         auto w = loaded(sixty, 400);
         QVERIFY(w);
-        Access::playPos(*w) = 50000; // keep the cursor away from x = 0
-        Access::scrollBar(*w)->setValue(scroll);
+        w->model().setPlayPos(50000); // keep the cursor away from x = 0
+        w->scrollBarWidget()->setValue(scroll);
         const QImage img = shot(*w);
         for (int y = 19; y <= 28; ++y)
             QCOMPARE(img.pixel(0, y) == qRgb(86, 86, 86), line);
@@ -297,9 +295,9 @@ private slots:
         const QString path = twed::makeSine(dir, "ninety.wav", 8000, 1, 16, 90);
         auto w = loaded(path, 800);
         QVERIFY(w);
-        Access::playPos(*w) = 10000000; // cursor out of view
-        Access::scrollBar(*w)->setValue(scroll);
-        QCOMPARE(Access::scrollX(*w), scroll);
+        w->model().setPlayPos(10000000); // cursor out of view
+        w->scrollBarWidget()->setValue(scroll);
+        QCOMPARE(w->model().scrollX(), scroll);
         const QImage img = shot(*w);
 
         // The same labels drawn the same way on the same background.
@@ -354,8 +352,8 @@ private slots:
         auto w = loaded(sixty, 500);
         QVERIFY(w);
         w->zoom(zoom);
-        Access::scrollBar(*w)->setValue(scroll);
-        Access::playPos(*w) = pos;
+        w->scrollBarWidget()->setValue(scroll);
+        w->model().setPlayPos(pos);
         const QImage img = shot(*w);
         // The head in the ruler band is symmetric about the play position.
         int left = -1, right = -1;
@@ -542,8 +540,8 @@ private slots:
         }
         img.setPixel(15, 25, qRgb(81, 80, 80));
         img.setPixel(16, 25, qPremultiply(qRgba(80, 80, 80, 128)));
-        Access::beginTime(w) = 2000; // x = 20
-        Access::endTime(w) = 1000;   // x = 10: swapped
+        w.model().setSelection(2000, w.model().endTime());   // x = 20
+        w.model().setSelection(w.model().beginTime(), 1000); // x = 10: swapped
         w.highLightSelectArea(&img);
         for (int x = 0; x < 50; ++x) {
             const bool inside = x >= 11 && x <= 19;
@@ -554,8 +552,8 @@ private slots:
         QCOMPARE(img.pixel(16, 25), qPremultiply(qRgba(80, 80, 80, 128)));
 
         // A selection running past both sides covers 0 .. width - 1.
-        Access::beginTime(w) = -500;
-        Access::endTime(w) = 100000;
+        w.model().setSelection(-500, w.model().endTime());
+        w.model().setSelection(w.model().beginTime(), 100000);
         w.highLightSelectArea(&img);
         QCOMPARE(img.pixel(0, 30), qRgb(222, 222, 222));
         QCOMPARE(img.pixel(49, 30), qRgb(222, 222, 222));
@@ -595,7 +593,7 @@ private slots:
         QCOMPARE(twed::load(w, path), 0);
         w.setBeginTime(20500LL);
         w.setEndTime(47000LL);
-        Access::playPos(w) = 31000;
+        w.model().setPlayPos(31000);
         frame.show();
         QVERIFY(QTest::qWaitForWindowExposed(&frame));
 

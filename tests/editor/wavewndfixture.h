@@ -1,8 +1,11 @@
 #pragma once
-// Shared set-up of the editor tests: reach into CWaveWnd's state (the widget
-// befriends CWaveWndTestAccess), make WAV files and load them the way the
-// import step does (wavePath, then initWave).
+// Shared set-up of the editor tests: make WAV files and load them the way
+// the import step does (the temporary WAV's path, then initWave). The
+// editor's state is read through its parts (model, playback, io).
 
+#include "editor/waveio.h"
+#include "editor/wavemodel.h"
+#include "editor/waveplayback.h"
 #include "editor/wavewnd.h"
 #include "testenv.h"
 
@@ -16,32 +19,7 @@
 #include <cmath>
 #include <functional>
 
-struct CWaveWndTestAccess
-{
-    static QString& wavePath(CWaveWnd& w) { return w.wavePath; }
-    static long long& playPos(CWaveWnd& w) { return w.playPos; }
-    static long long& beginTime(CWaveWnd& w) { return w.beginTime; }
-    static long long& endTime(CWaveWnd& w) { return w.endTime; }
-    static int& scrollX(CWaveWnd& w) { return w.scrollX; }
-    static int& mouseMode(CWaveWnd& w) { return w.mouseMode; }
-    static int totalWidth(CWaveWnd& w) { return w.totalWidth; }
-    static float msPerPixel(CWaveWnd& w) { return w.msPerPixel; }
-    static float framesPerPixel(CWaveWnd& w) { return w.framesPerPixel; }
-    static float maxTime(CWaveWnd& w) { return w.maxTime; }
-    static float zoomFactor(CWaveWnd& w) { return w.zoomFactor; }
-    static bool preview(CWaveWnd& w) { return w.bPreview; }
-    static bool fadeInOn(CWaveWnd& w) { return w.fadeInOn; }
-    static int fadeInLength(CWaveWnd& w) { return w.fadeInLength; }
-    static int fadeOutLength(CWaveWnd& w) { return w.fadeOutLength; }
-    static tagWaveInfo& wave(CWaveWnd& w) { return w.wave; }
-    static CRingToneNode& node(CWaveWnd& w) { return w.node; }
-    static QScrollBar* scrollBar(CWaveWnd& w) { return w.scrollBar; }
-    static bool timerActive(CWaveWnd& w) { return w.playTimer->isActive(); }
-};
-
 namespace twed {
-
-using Access = CWaveWndTestAccess;
 
 // A sine of the given frequency at `level` of full scale on every channel.
 inline std::function<int(qint64, int)> sine(int rate, int bits, double hz, double level)
@@ -67,7 +45,7 @@ inline QString makeSine(const QTemporaryDir& dir, const QString& name, int rate,
 // Loads `path` as the editor's temporary WAV; returns initWave's result.
 inline int load(CWaveWnd& w, const QString& path)
 {
-    Access::wavePath(w) = path;
+    w.io().setWavePath(path);
     return w.initWave();
 }
 

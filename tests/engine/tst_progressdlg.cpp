@@ -9,6 +9,7 @@
 #include "engine/progressdlg.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QLabel>
 #include <QLayout>
@@ -249,7 +250,9 @@ private slots:
         // The job is over long before the wait starts (no events meanwhile);
         // its calls wait in the event queue, so the wait still sees the end.
         const QString path = QString::fromLocal8Bit(dest);
-        for (int i = 0; i < 300 && !QFile::exists(path); ++i)
+        QElapsedTimer waited;
+        waited.start();
+        while (!QFile::exists(path) && waited.elapsed() < 30000)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         QVERIFY(QFile::exists(path));
         std::this_thread::sleep_for(std::chrono::milliseconds(100));

@@ -8,6 +8,7 @@
 #include "testenv.h"
 
 #include <itunesagent.h>
+#include <itunesagent_testing.h>
 
 #include <QBuffer>
 #include <QColor>
@@ -165,14 +166,15 @@ inline QByteArray sha1(const QString& path)
 // Makes the agent serve the XML file at path on its next call.
 inline void useXmlLibrary(const QString& path)
 {
-    qputenv("TONEWRIGHT_LIBRARY_XML", QFile::encodeName(path));
+    ItunesAgentSetLibraryFile(QFile::encodeName(path).constData());
     ItunesAgentReset();
 }
 
-// Makes the agent serve the folder library on its next call.
+// Makes the agent serve the folder library (or a library file under the
+// Music folder) on its next call.
 inline void useFolderLibrary()
 {
-    qunsetenv("TONEWRIGHT_LIBRARY_XML");
+    ItunesAgentSetLibraryFile(nullptr);
     ItunesAgentReset();
 }
 

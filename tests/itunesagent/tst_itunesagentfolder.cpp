@@ -4,6 +4,7 @@
 // folder, the two-pass protocol, handles and positions, the scan cache and
 // its incremental refresh, and AppendRingtone.
 
+#include "engine/platformfolders.h"
 #include "tests/itunesagent/agentfixtures.h"
 
 #include <QRegularExpression>
@@ -484,7 +485,9 @@ void TestItunesAgentFolder::shouldAppendRingtoneIntoMusicRingtones()
 
 void TestItunesAgentFolder::shouldScanOnceAndThenAnswerFromTheCache()
 {
-    const QString cache = qEnvironmentVariable("XDG_CACHE_HOME") + "/tonewright/library-cache.bin";
+    // With the program's other scratch files, in its own cache folder.
+    const QString cache = programCacheDir() + "/library-cache.bin";
+    QVERIFY2(cache.endsWith("/vandrel/tonewright/library-cache.bin"), qPrintable(cache));
     QVERIFY(cache.startsWith(tw::testHome()));
     QFile::remove(cache);
     ItunesAgentLoad();

@@ -43,6 +43,7 @@ private slots:
     void shouldRefuseOpeningPlaylistsBeyondTheHandleLimit();
     void shouldKeepOnlyTheNewestArtworkHandles();
     void shouldCountCallsAndForgetEverythingOnReset();
+    void shouldReadEveryKindOfPlaylistWithWindowsLocations();
     void shouldReadTheRealMacLibrary();
     void shouldReadTheRealWindowsLibrary();
     void shouldFindTheLibraryFileUnderTheMusicFolder_data();
@@ -498,9 +499,54 @@ void TestItunesAgentXml::shouldCountCallsAndForgetEverythingOnReset()
     QCOMPARE(ItunesAgentBackend(), int(ITA_BACKEND_XML));
 }
 
+void TestItunesAgentXml::shouldReadEveryKindOfPlaylistWithWindowsLocations()
+{
+    fx::useXmlLibrary(tw::testData("library-kinds.xml"));
+    QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
+    // The master and the hidden playlist are left out; the library's own
+    // ringtones playlist is the one served.
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_LIBRARY),
+             QStringList({"Music", "Movies", "TV Shows", "Podcasts", "Purchased", "Genius",
+                          "iTunes DJ", "Ringtones"}));
+    const QList<int> kinds{4, 2, 3, 10, 19, 26, 22, 55};
+    for (int i = 0; i < kinds.size(); ++i)
+        QCOMPARE(fx::playlistKind(ITA_COLLECTION_LIBRARY, i), kinds[i]);
+    QCOMPARE(GetPlaylistCount(ITA_COLLECTION_OTHER), 0);
+    QCOMPARE(fx::playlistNames(ITA_COLLECTION_PLAYLISTS),
+             QStringList({QString::fromUtf8("90’s Music"), "Recently Added", "Road Trip", "Summer",
+                          "Beach"}));
+    for (int i = 0; i < 5; ++i)
+        QCOMPARE(fx::playlistKind(ITA_COLLECTION_PLAYLISTS, i), 0);
+
+    // Locations: the drive letter kept, percent escapes and entities decoded.
+    const QList<fx::Song> music = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(fx::titlesOf(music),
+             QStringList({"Morning Light", "Tide & Stone", QString::fromUtf8("Café [Live]"),
+                          "Weekly Talk", "Bought Song"}));
+    QCOMPARE(music[1].location,
+             QString("C:/Users/Public/Music/Ana Ruiz/Coastline/02 Tide & Stone.mp3"));
+    QCOMPARE(music[2].location,
+             QString::fromUtf8("C:/Users/Public/Music/Les Quatre/Café [Live].m4a"));
+    QCOMPARE(music[2].artist, QString("Les Quatre"));
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 1)[0].video, 1);
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 2)[0].video, 1);
+    QCOMPARE(music[0].video, 0);
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_LIBRARY, 5), QStringList()); // Genius, empty
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_LIBRARY, 7), QStringList({"Old Bell"}));
+    // Playlist order is the file's, not the library's.
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 1),
+             QStringList({"Bought Song", "Weekly Talk"}));
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 2),
+             QStringList({QString::fromUtf8("Café [Live]"), "Morning Light"}));
+    // A folder lists the songs of the playlists inside it.
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 3), QStringList({"Tide & Stone"}));
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 4), QStringList({"Tide & Stone"}));
+}
+
 void TestItunesAgentXml::shouldReadTheRealMacLibrary()
 {
-    fx::useXmlLibrary(TW_SHARED_DATA_DIR "/itunes-library-mac.xml");
+    TW_SHARED_DATA_OR_SKIP(mac, "itunes-library-mac.xml");
+    fx::useXmlLibrary(mac);
     QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
     QCOMPARE(fx::playlistNames(ITA_COLLECTION_LIBRARY),
              QStringList(
@@ -574,7 +620,8 @@ void TestItunesAgentXml::shouldReadTheRealMacLibrary()
 
 void TestItunesAgentXml::shouldReadTheRealWindowsLibrary()
 {
-    fx::useXmlLibrary(TW_SHARED_DATA_DIR "/itunes-library-windows.xml");
+    TW_SHARED_DATA_OR_SKIP(windows, "itunes-library-windows.xml");
+    fx::useXmlLibrary(windows);
     QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
     const QList<fx::Song> music = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
     QCOMPARE(music.size(), 6);
@@ -603,10 +650,10 @@ void TestItunesAgentXml::shouldFindTheLibraryFileUnderTheMusicFolder()
     const QString path =
         QStandardPaths::writableLocation(QStandardPaths::MusicLocation) + "/" + name;
     QVERIFY(path.startsWith(tw::testHome()));
-    QVERIFY(fx::writeFile(path, fx::readFile(TW_SHARED_DATA_DIR "/itunes-library-windows.xml")));
+    QVERIFY(fx::writeFile(path, fx::readFile(tw::testData("library-kinds.xml"))));
     fx::useFolderLibrary(); // no TONEWRIGHT_LIBRARY_XML
     QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
-    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 0).size(), 6);
+    QCOMPARE(fx::songsOf(ITA_COLLECTION_LIBRARY, 0).size(), 5);
     QVERIFY(QFile::remove(path));
     fx::useFolderLibrary();
     QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_FOLDER));

@@ -39,6 +39,7 @@ private slots:
 private:
     QToolButton* button(const char* name) const { return m_edit->findChild<QToolButton*>(name); }
     QListView* fieldList() const { return m_edit->findChild<QListView*>("filterListView"); }
+    QTimer* typingTimer() const { return m_edit->findChild<QTimer*>(); }
     void clickField(int row);
 
     QWidget* m_window = nullptr;
@@ -136,13 +137,20 @@ void TestFilterEdit::shouldEmitOneSearchHalfASecondAfterTheLastKey()
     QTest::keyClicks(m_edit, "abc");
     QElapsedTimer sinceLastKey;
     sinceLastKey.start();
+    // Keys are delivered without running the event loop: the delay has
+    // started and nothing can have fired yet.
+    QTimer* delay = typingTimer();
+    QVERIFY(delay->isActive());
+    QVERIFY(delay->isSingleShot());
+    QCOMPARE(delay->interval(), 500);
     QCOMPARE(spy.count(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 1, 2000);
+    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 1, 5000);
+    // A lower bound only: a busy machine fires later, never earlier.
     QVERIFY2(sinceLastKey.elapsed() >= 450, qPrintable(QString::number(sinceLastKey.elapsed())));
     QCOMPARE(spy[0][0].toString(), QString("abc"));
     QCOMPARE(spy[0][1].value<FilterType>(), FT_ALL);
-    QTest::qWait(700);
-    QCOMPARE(spy.count(), 1);
+    // One shot: nothing is left to fire.
+    QVERIFY(!delay->isActive());
     QVERIFY(button("clearBtn")->isVisible());
 }
 
@@ -151,12 +159,16 @@ void TestFilterEdit::shouldRestartTheDelayWithEveryKey()
     QSignalSpy spy(m_edit, &CFilterEdit::search);
     QTest::mouseClick(m_edit, Qt::LeftButton, {}, QPoint(20, 12));
     QTest::keyClick(m_edit, Qt::Key_A);
-    QTest::qWait(300);
+    // A sleep that runs no events: the first key's delay cannot fire in it.
+    QTest::qSleep(300);
     QTest::keyClick(m_edit, Qt::Key_B);
-    QTest::qWait(300);
-    // 600 ms after the first key, 300 after the second: not yet.
+    QElapsedTimer sinceSecondKey;
+    sinceSecondKey.start();
     QCOMPARE(spy.count(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 1, 2000);
+    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 1, 5000);
+    // Unrestarted, the delay would have ended 200 ms after the second key.
+    QVERIFY2(sinceSecondKey.elapsed() >= 450,
+             qPrintable(QString::number(sinceSecondKey.elapsed())));
     QCOMPARE(spy[0][0].toString(), QString("ab"));
 }
 
@@ -165,19 +177,20 @@ void TestFilterEdit::shouldClearAtOnceAndHideTheClearButton()
     QTest::mouseClick(m_edit, Qt::LeftButton, {}, QPoint(20, 12));
     QTest::keyClicks(m_edit, "beatles");
     QSignalSpy spy(m_edit, &CFilterEdit::search);
-    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 1, 2000);
+    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 1, 5000);
     QToolButton* clear = button("clearBtn");
     QVERIFY(clear->isVisible());
 
+    QTest::keyClick(m_edit, Qt::Key_S); // a search is pending again
+    QVERIFY(typingTimer()->isActive());
     QTest::mouseClick(clear, Qt::LeftButton);
     QCOMPARE(spy.count(), 2);
     QCOMPARE(spy[1][0].toString(), QString());
     QCOMPARE(spy[1][1].value<FilterType>(), FT_ALL);
     QCOMPARE(m_edit->text(), QString());
     QVERIFY(!clear->isVisible());
-    // The timer was stopped: nothing follows.
-    QTest::qWait(600);
-    QCOMPARE(spy.count(), 2);
+    // The pending search was called off: nothing follows.
+    QVERIFY(!typingTimer()->isActive());
 }
 
 void TestFilterEdit::shouldShowTheClearButtonOnlyForRealText_data()

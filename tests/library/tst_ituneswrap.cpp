@@ -260,7 +260,7 @@ void TestItunesWrap::shouldGiveEveryKnownKindItsIcon_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("caption");
     QTest::addColumn<QString>("icon");
-    // The real library file holds most kinds; 19 and 0 come from our own.
+    // The kinds fixture holds a playlist of every distinguished kind.
     QTest::newRow("4 music") << int(LT_LIBRARY) << "Music"
                              << ":/li/music";
     QTest::newRow("2 movies") << int(LT_LIBRARY) << "Movies"
@@ -269,6 +269,8 @@ void TestItunesWrap::shouldGiveEveryKnownKindItsIcon_data()
                                 << ":/li/tv_show";
     QTest::newRow("10 podcasts") << int(LT_LIBRARY) << "Podcasts"
                                  << ":/li/podcasts";
+    QTest::newRow("19 purchased") << int(LT_LIBRARY) << "Purchased"
+                                  << ":/li/purchase";
     QTest::newRow("26 genius") << int(LT_LIBRARY) << "Genius"
                                << ":/li/genius";
     QTest::newRow("22 DJ") << int(LT_LIBRARY) << "iTunes DJ"
@@ -284,7 +286,7 @@ void TestItunesWrap::shouldGiveEveryKnownKindItsIcon()
     QFETCH(int, type);
     QFETCH(QString, caption);
     QFETCH(QString, icon);
-    fx::useXmlLibrary(TW_SHARED_DATA_DIR "/itunes-library-mac.xml");
+    fx::useXmlLibrary(tw::testData("library-kinds.xml"));
     const int collection = type == LT_LIBRARY ? 0 : 2;
     const int position = fx::findPlaylist(collection, caption);
     QVERIFY(position >= 0);

@@ -1,15 +1,16 @@
 #pragma once
 // itunesagent: the media library agent. It serves one library, chosen at the
-// first call (or by ItunesAgentLoad):
-//   1. a library file in the iTunes library XML format, named by the
-//      environment variable TONEWRIGHT_LIBRARY_XML or found under the user's
-//      Music folder ("iTunes/iTunes Music Library.xml", "iTunes/iTunes
-//      Library.xml");
-//   2. otherwise, or when that file cannot be read, the user's Music and
-//      Videos folders scanned for tagged media files and playlist files
-//      (.m3u, .m3u8, .pls, .xspf). The scan is cached in
-//      $XDG_CACHE_HOME/tonewright/library-cache.bin (or ~/.cache/...) and
-//      refreshed incrementally at the next load.
+// first call that needs it (or by ItunesAgentLoad), from the places the
+// application gives it (ItunesAgentSetFolders, ItunesAgentSetLibraryFile):
+//   1. a library file in the iTunes library XML format: the one set, or
+//      else one found under the Music folder ("iTunes/iTunes Music
+//      Library.xml", "iTunes/iTunes Library.xml");
+//   2. otherwise, or when that file cannot be read, the Music and Videos
+//      folders scanned for tagged media files and playlist files (.m3u,
+//      .m3u8, .pls, .xspf). The scan is cached in <cache>/library-cache.bin
+//      and refreshed incrementally at the next load.
+// The agent reads no environment of its own: without folders it serves an
+// empty library.
 //
 // Collections: 0 holds the built-in playlists, whose kind is their
 // distinguished number (4 music, 2 movies, 3 TV shows, 10 podcasts,
@@ -32,7 +33,9 @@
 // (read from the media file on demand) and AppendRingtone.
 //
 // All calls are thread-safe (one lock); SearchSong calls its callback on the
-// calling thread, and the callback may call the agent again.
+// calling thread, and the callback may call the agent again. A load runs
+// without the lock: ItunesAgentLoad may run on a worker thread, and a call
+// that needs the library meanwhile waits for that load to end.
 
 #include <stdint.h>
 
@@ -166,22 +169,24 @@ int AppendRingtone(const char* pszPath);
 // go to standard error. pfnLog 0 restores that.
 typedef void (*ItunesAgentLogProc)(const char* pszLine, void* pUser);
 void ItunesAgentSetLogger(ItunesAgentLogProc pfnLog, void* pUser);
-// Chooses and loads the library now; returns the backend (ITA_BACKEND_*).
+// Where the library comes from: the user's Music folder (scanned, and where
+// iTunes keeps its library file and the agent its "Ringtones" folder), the
+// Videos folder (scanned), and the folder for the scan cache. Null or empty
+// leaves a place out. Used by the next load.
+void ItunesAgentSetFolders(const char* pszMusic, const char* pszVideos, const char* pszCacheDir);
+// An iTunes library XML file to serve instead of looking under the Music
+// folder; null or empty looks there again. Used by the next load.
+void ItunesAgentSetLibraryFile(const char* pszPath);
+// Chooses and loads the library now (or waits for a load under way);
+// returns the backend (ITA_BACKEND_*).
 int ItunesAgentLoad(void);
 // Forgets the library and closes every handle; the next call chooses and
-// loads the library again (reading TONEWRIGHT_LIBRARY_XML anew). Resets the
-// call counters and the handle limit.
+// loads the library again from the places then set. Resets the call
+// counters and the handle limit; a load under way is thrown away.
 void ItunesAgentReset(void);
-// The backend in use, ITA_BACKEND_NONE before the first load.
+// The backend in use, ITA_BACKEND_NONE before the first load (and during it).
 int ItunesAgentBackend(void);
-// Caps how many playlist handles may be open at once (default 65536); a
-// value below 1 restores the default. Returns the previous cap. At most 64
-// artwork handles stay open: opening another closes the oldest.
-int ItunesAgentSetHandleLimit(int nMaxOpenPlaylists);
-// How often the named call (e.g. "GetSongInfo") was made since the last
-// reset; with a null name, the calls of every library function above
-// (playlists, artwork, search and ringtones) together.
-unsigned long ItunesAgentCallCount(const char* pszFunction);
+// At most 64 artwork handles stay open: opening another closes the oldest.
 // Two passes like GetPlaylistName: the ringtone place of the loaded library.
 int ItunesAgentGetRingtoneDir(char* pBuffer, int nSize);
 

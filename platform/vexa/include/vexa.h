@@ -27,6 +27,19 @@ enum
     KELO_E_NOMEM = -10
 };
 
+// Audio codecs of KeloRun (libavcodec's numbering).
+enum
+{
+    KELO_CODEC_PCM_S16LE = 65536,
+    KELO_CODEC_AAC = 86018
+};
+
+// The progress of a job that has ended (progress runs 0..10000).
+enum
+{
+    KELO_PROGRESS_DONE = 10000
+};
+
 // Media source record: a span of one file. Start 0 with end 0 is the whole file.
 typedef struct tagKeloMediaSrc
 {
@@ -67,7 +80,7 @@ typedef struct tagKeloProgInfo
 {
     int32_t nTimeline;
     int32_t nMedia;
-    int32_t nProgress; // 0..10000
+    int32_t nProgress; // 0..KELO_PROGRESS_DONE
     int32_t nReserved;
     int32_t nStatus; // >= 0 running or done, < 0 failed (a KELO_E_* code)
     int32_t nReserved2;
@@ -88,7 +101,7 @@ typedef struct tagKeloRunParam
     double dReserved32;
     int32_t nReserved40;
     int32_t nReserved44;
-    int32_t nAudioCodec;    // libavcodec id: 65536 PCM s16le, 86018 AAC
+    int32_t nAudioCodec;    // KELO_CODEC_*
     int32_t nAudioBitRate;  // bits per second
     int32_t nSampleRate;    // 44100
     int32_t nChannels;      // 2

@@ -1,4 +1,4 @@
-#include "ui/gifsupported.h"
+#include "engine/gifsupported.h"
 
 #include <QByteArray>
 #include <QDebug>

@@ -3,8 +3,8 @@
 
 #include "testenv.h"
 
+#include "engine/gifsupported.h"
 #include "engine/progressdlg.h"
-#include "ui/gifsupported.h"
 
 #include <QDir>
 #include <QImageReader>

@@ -3,7 +3,7 @@
 
 #include "testenv.h"
 
-#include "ui/gifsupported.h"
+#include "engine/gifsupported.h"
 
 #include <QImageReader>
 #include <QMovie>
