@@ -461,11 +461,14 @@ private slots:
         const long long at = w->model().playPos();
 
         // Play resumes from the play position.
+        QElapsedTimer resumed;
+        resumed.start();
         w->play();
         QCOMPARE(played.count(), 2);
         QCOMPARE(played.at(1).at(0).toLongLong(), at);
-        QVERIFY(WaveHelperGetPos(&w->playback().record()) >= at);
-        QVERIFY(WaveHelperGetPos(&w->playback().record()) < at + 500);
+        const long long resumedAt = WaveHelperGetPos(&w->playback().record());
+        QVERIFY2(twed::playedFrom(resumedAt, at, resumed),
+                 qPrintable(twed::positionText(resumedAt, resumed)));
 
         // Play while playing pauses instead.
         w->play();
@@ -490,12 +493,15 @@ private slots:
         QSignalSpy played(w.get(), &CWaveWnd::onPlay);
         QSignalSpy paused(w.get(), &CWaveWnd::onPause);
 
+        QElapsedTimer started;
+        started.start();
         w->preview();
         QVERIFY(w->playback().isPreview());
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(1).toBool(), true);
-        QVERIFY(WaveHelperGetPos(&w->playback().record()) >= 2000);
-        QVERIFY(WaveHelperGetPos(&w->playback().record()) < 2500);
+        const long long startedAt = WaveHelperGetPos(&w->playback().record());
+        QVERIFY2(twed::playedFrom(startedAt, 2000, started),
+                 qPrintable(twed::positionText(startedAt, started)));
 
         QTRY_COMPARE_WITH_TIMEOUT(paused.count(), 1, 5000);
         QCOMPARE(paused.at(0).at(0).toBool(), true);
@@ -527,10 +533,14 @@ private slots:
         QVERIFY(w->playback().isPreview());
 
         // play() leaves preview and restarts the song from its beginning.
+        QElapsedTimer restarted;
+        restarted.start();
         w->play();
         QVERIFY(!w->playback().isPreview());
         QCOMPARE(WaveHelperGetState(&w->playback().record()), 1);
-        QVERIFY(WaveHelperGetPos(&w->playback().record()) < 500);
+        const long long restartedAt = WaveHelperGetPos(&w->playback().record());
+        QVERIFY2(twed::playedFrom(restartedAt, 0, restarted),
+                 qPrintable(twed::positionText(restartedAt, restarted)));
         QTRY_VERIFY_WITH_TIMEOUT(w->model().playPos() < 1000, 2000);
     }
 

@@ -9,6 +9,7 @@
 #include "editor/wavewnd.h"
 #include "testenv.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QScrollBar>
 #include <QString>
@@ -47,6 +48,21 @@ inline int load(CWaveWnd& w, const QString& path)
 {
     w.io().setWavePath(path);
     return w.initWave();
+}
+
+// Whether an engine that started playing at `from` when `since` was started
+// can be at `pos` now. SDL takes its first buffer at once and then one a
+// buffer's time, never faster than real time: a busy machine only finds the
+// position earlier, never past this bound, so the check cannot fail by chance.
+constexpr long long kStartSlackMs = 100; // the first buffers, taken at once
+inline bool playedFrom(long long pos, long long from, const QElapsedTimer& since)
+{
+    return pos >= from && pos <= from + since.elapsed() + kStartSlackMs;
+}
+
+inline QString positionText(long long pos, const QElapsedTimer& since)
+{
+    return QString("position %1 after %2 ms").arg(pos).arg(since.elapsed());
 }
 
 inline bool isWaveGrey(QRgb p)

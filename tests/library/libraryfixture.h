@@ -9,6 +9,7 @@
 
 #include "tests/itunesagent/agentfixtures.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtGlobal>
 
@@ -95,6 +96,23 @@ public:
         QStringList lines = s_lines;
         s_lines.clear();
         return lines;
+    }
+
+    // The complaints so far, in the order made, each on one line, without the
+    // last line that names the tester's own source line, and with addresses
+    // written "@" (they change from run to run).
+    QStringList takeComplaints()
+    {
+        QStringList complaints;
+        for (const QString& text : take()) {
+            QStringList lines = text.split('\n');
+            if (lines.size() > 1 && lines.last().trimmed().startsWith('('))
+                lines.removeLast();
+            for (QString& line : lines)
+                line = line.trimmed().replace(QRegularExpression("0x[0-9a-fA-F]+"), "@");
+            complaints << lines.join(" | ");
+        }
+        return complaints;
     }
 
 private:

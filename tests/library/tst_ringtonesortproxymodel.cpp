@@ -76,8 +76,7 @@ void TestRingToneSortProxyModel::shouldKeepRecordsMatchingTheField()
     CRingToneModel model;
     model.load(LT_LIBRARY, 0);
     CRingToneSortProxyModel proxy;
-    QAbstractItemModelTester tester(&proxy,
-                                    QAbstractItemModelTester::FailureReportingMode::Warning);
+    QAbstractItemModelTester tester(&proxy, QAbstractItemModelTester::FailureReportingMode::Fatal);
     proxy.setSourceModel(&model);
     proxy.filter(text, FilterType(field));
     QCOMPARE(titles(proxy), kept);
