@@ -94,67 +94,52 @@ bool readAt(FILE* f, uint64_t pos, void* buffer, size_t n)
     return std::fread(buffer, 1, n, f) == n;
 }
 
-// The payload of the first top-level box of a type (bounded in size).
-bool readTopBox(const std::string& path, const char* type, std::string& payload)
+// One box of an MPEG-4 file: its type and where its payload lies.
+struct Box
 {
-    FilePtr f(std::fopen(path.c_str(), "rb"));
-    if (!f || fseeko(f.get(), 0, SEEK_END) != 0)
-        return false;
-    const auto fileSize = static_cast<uint64_t>(ftello(f.get()));
-    uint64_t pos = 0;
-    while (pos + 8 <= fileSize) {
+    char type[4];
+    uint64_t payload; // file offset of the payload
+    uint64_t size;    // payload bytes
+};
+
+using BoxVisitor = std::function<bool(const Box& box)>;
+
+// Calls visit for each box between the file offsets begin and end, reading
+// only each box's header; stops early when visit returns true (and returns
+// true). False at the end, or at a header that does not fit.
+bool forEachBox(FILE* f, uint64_t begin, uint64_t end, const BoxVisitor& visit)
+{
+    uint64_t pos = begin;
+    while (pos + 8 <= end) {
         unsigned char head[16];
-        if (!readAt(f.get(), pos, head, 8))
+        if (!readAt(f, pos, head, 8))
             return false;
         uint64_t size = be32(head);
         uint64_t header = 8;
         if (size == 1) {
-            if (!readAt(f.get(), pos + 8, head + 8, 8))
+            if (pos + 16 > end || !readAt(f, pos + 8, head + 8, 8))
                 return false;
             size = be64(head + 8);
             header = 16;
         } else if (size == 0) {
-            size = fileSize - pos;
+            size = end - pos;
         }
-        if (size < header || size > fileSize - pos)
+        if (size < header || size > end - pos)
             return false;
-        if (std::memcmp(head + 4, type, 4) == 0) {
-            const uint64_t n = size - header;
-            if (n > (64u << 20))
-                return false;
-            payload.resize(static_cast<size_t>(n));
-            return n == 0 || readAt(f.get(), pos + header, payload.data(), payload.size());
-        }
+        Box box;
+        std::memcpy(box.type, head + 4, 4);
+        box.payload = pos + header;
+        box.size = size - header;
+        if (visit(box))
+            return true;
         pos += size;
     }
     return false;
 }
 
-using BoxVisitor = std::function<bool(const char* type, const unsigned char* data, size_t len)>;
-
-// Calls visit for each child box; stops early when visit returns true.
-bool forEachBox(const unsigned char* data, size_t len, const BoxVisitor& visit)
+bool forEachChild(FILE* f, const Box& parent, const BoxVisitor& visit)
 {
-    size_t p = 0;
-    while (p + 8 <= len) {
-        uint64_t size = be32(data + p);
-        size_t header = 8;
-        if (size == 1) {
-            if (p + 16 > len)
-                return false;
-            size = be64(data + p + 8);
-            header = 16;
-        } else if (size == 0) {
-            size = len - p;
-        }
-        if (size < header || size > len - p)
-            return false;
-        if (visit(reinterpret_cast<const char*>(data + p + 4), data + p + header,
-                  static_cast<size_t>(size - header)))
-            return true;
-        p += static_cast<size_t>(size);
-    }
-    return false;
+    return forEachBox(f, parent.payload, parent.payload + parent.size, visit);
 }
 
 bool isBox(const char* type, const char* name)
@@ -162,28 +147,34 @@ bool isBox(const char* type, const char* name)
     return std::memcmp(type, name, 4) == 0;
 }
 
-bool trackIsVideo(const unsigned char* trak, size_t len)
+// A track is a video when its handler is "vide" and its first sample entry
+// is not a picture format: a single-picture track is a cover, not a video.
+bool trackIsVideo(FILE* f, const Box& trak)
 {
     bool video = false;
-    forEachBox(trak, len, [&](const char* type, const unsigned char* mdia, size_t mdiaLen) {
-        if (!isBox(type, "mdia"))
+    forEachChild(f, trak, [&](const Box& mdia) {
+        if (!isBox(mdia.type, "mdia"))
             return false;
         bool handlerVideo = false;
         bool pictureCodec = false;
-        forEachBox(mdia, mdiaLen, [&](const char* t, const unsigned char* d, size_t n) {
-            if (isBox(t, "hdlr") && n >= 12)
-                handlerVideo = std::memcmp(d + 8, "vide", 4) == 0;
-            if (!isBox(t, "minf"))
+        forEachChild(f, mdia, [&](const Box& child) {
+            // hdlr: version and flags, pre-defined, then the handler type.
+            unsigned char hdlr[12];
+            if (isBox(child.type, "hdlr") && child.size >= 12 &&
+                readAt(f, child.payload, hdlr, sizeof hdlr))
+                handlerVideo = std::memcmp(hdlr + 8, "vide", 4) == 0;
+            if (!isBox(child.type, "minf"))
                 return false;
-            forEachBox(d, n, [&](const char* t2, const unsigned char* stbl, size_t stblLen) {
-                if (!isBox(t2, "stbl"))
+            forEachChild(f, child, [&](const Box& stbl) {
+                if (!isBox(stbl.type, "stbl"))
                     return false;
-                forEachBox(stbl, stblLen, [&](const char* t3, const unsigned char* s, size_t sl) {
+                forEachChild(f, stbl, [&](const Box& stsd) {
                     // stsd: version and flags, entry count, then the first
-                    // entry's size and format. A single-picture track is a
-                    // cover, not a video.
-                    if (isBox(t3, "stsd") && sl >= 16) {
-                        const char* format = reinterpret_cast<const char*>(s + 12);
+                    // entry's size and format.
+                    unsigned char entry[16];
+                    if (isBox(stsd.type, "stsd") && stsd.size >= 16 &&
+                        readAt(f, stsd.payload, entry, sizeof entry)) {
+                        const char* format = reinterpret_cast<const char*>(entry + 12);
                         pictureCodec = isBox(format, "jpeg") || isBox(format, "png ") ||
                                        isBox(format, "mjpa") || isBox(format, "mjpb") ||
                                        isBox(format, "gif ");
@@ -329,13 +320,21 @@ bool isRingtoneName(std::string_view path)
 
 bool mp4HasVideoTrack(const std::string& path)
 {
-    std::string moov;
-    if (!readTopBox(path, "moov", moov))
+    // Box headers are read one by one: a large "moov" is never read whole.
+    FilePtr f(std::fopen(path.c_str(), "rb"));
+    if (!f || fseeko(f.get(), 0, SEEK_END) != 0)
         return false;
-    const auto* data = reinterpret_cast<const unsigned char*>(moov.data());
-    return forEachBox(data, moov.size(), [](const char* type, const unsigned char* d, size_t n) {
-        return isBox(type, "trak") && trackIsVideo(d, n);
+    const auto fileSize = static_cast<uint64_t>(ftello(f.get()));
+    bool video = false;
+    forEachBox(f.get(), 0, fileSize, [&](const Box& top) {
+        if (!isBox(top.type, "moov"))
+            return false;
+        video = forEachChild(f.get(), top, [&](const Box& trak) {
+            return isBox(trak.type, "trak") && trackIsVideo(f.get(), trak);
+        });
+        return true; // the first "moov" decides
     });
+    return video;
 }
 
 bool isMp4File(const std::string& path)

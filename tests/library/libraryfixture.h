@@ -129,4 +129,25 @@ private:
     static inline QtMessageHandler s_previous = nullptr;
 };
 
+// What the model tester says of the library tree's deliberate parent()
+// (a parent index carries its child's row), for one child under its group.
+inline QStringList parentRowComplaints(int childRow, int parentRow, const char* child,
+                                       const char* parent)
+{
+    return QStringList{
+        "Inconsistent parent() implementation detected:",
+        QString("index= QModelIndex(%1,0,@,CLibraryModel(@)) exp. parent= "
+                "QModelIndex(%2,0,@,CLibraryModel(@)) act. parent= "
+                "QModelIndex(%1,0,@,CLibraryModel(@))")
+            .arg(childRow)
+            .arg(parentRow),
+        QString("row= %1 col= 0 depth= 1").arg(childRow),
+        QString("data for child \"%1\"").arg(child),
+        QString("data for parent \"%1\"").arg(parent),
+        QString("FAIL! Compared values are not the same: | Actual (model->parent(index)) "
+                "QModelIndex(%1,0,@,@) | Expected (parent) QModelIndex(%2,0,@,@)")
+            .arg(childRow)
+            .arg(parentRow)};
+}
+
 } // namespace lib
