@@ -493,8 +493,8 @@ void AudioPlayCallbackFunc(void* userdata, unsigned char* stream, int length)
         return;
     const long pos = std::ftell(info->playFile);
     const std::size_t got = std::fread(stream, 1, static_cast<std::size_t>(length), info->playFile);
-    if (got == 0 && info->state != 0) {
-        info->state = 0;
+    if (got == 0 && info->state != WAVE_STOPPED) {
+        info->state = WAVE_STOPPED;
         SDL_PauseAudio(1);
     }
     applyEffects(info, stream, length, pos);
@@ -664,14 +664,14 @@ int WaveHelperPlay(tagWaveInfo* info)
     if (!info)
         return 0;
     AudioLock lock;
-    if (info->state != 1) {
+    if (info->state != WAVE_PLAYING) {
         SDL_PauseAudio(0);
-        info->state = 1;
+        info->state = WAVE_PLAYING;
         return 1;
     }
     // A second Play toggles to pause.
     SDL_PauseAudio(1);
-    info->state = 2;
+    info->state = WAVE_PAUSED;
     return 0;
 }
 
@@ -680,10 +680,10 @@ int WaveHelperPause(tagWaveInfo* info)
     if (!info)
         return 0;
     AudioLock lock;
-    if (info->state != 1)
+    if (info->state != WAVE_PLAYING)
         return 0;
     SDL_PauseAudio(1);
-    info->state = 2;
+    info->state = WAVE_PAUSED;
     return 1;
 }
 
@@ -693,8 +693,8 @@ int WaveHelperStop(tagWaveInfo* info)
     if (!info)
         return 0;
     AudioLock lock;
-    if (info->state != 0) {
-        info->state = 0;
+    if (info->state != WAVE_STOPPED) {
+        info->state = WAVE_STOPPED;
         SDL_PauseAudio(1);
     }
     return 0;

@@ -26,6 +26,14 @@ enum WaveFormatKey : unsigned int
     WAVE_S16_STEREO = 18
 };
 
+// state: what the device is doing with the record.
+enum WaveState : int
+{
+    WAVE_STOPPED = 0,
+    WAVE_PLAYING = 1,
+    WAVE_PAUSED = 2
+};
+
 struct tagWaveInfo
 {
     unsigned int formatKey; // a WaveFormatKey, or another value the engine does not play
@@ -40,7 +48,7 @@ struct tagWaveInfo
     unsigned int sampleRate;
     unsigned char frameBytes; // 1, 2 or 4
     unsigned char silence;    // 128 for 8-bit data, 0 for 16-bit
-    int state;                // 0 stopped, 1 playing, 2 paused
+    int state;                // a WaveState
     int volume;               // percent, 100 = unchanged
     int fadeInStart;          // byte offsets in the file, -1 = none
     int fadeInEnd;

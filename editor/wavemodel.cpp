@@ -207,13 +207,21 @@ bool CWaveModel::dropSelection(int x)
     return true;
 }
 
+bool CWaveModel::edgeTimeAt(int x, long long* t) const
+{
+    const int p = m_scrollX + x;
+    if (p >= m_totalWidth)
+        return false;
+    *t = std::llround(p * m_msPerPixel);
+    return true;
+}
+
 CWaveModel::Step CWaveModel::dragBeginEdge(int x)
 {
     Step step;
-    const int p = m_scrollX + x;
-    if (p >= m_totalWidth)
+    long long t = 0;
+    if (!edgeTimeAt(x, &t))
         return step;
-    const long long t = std::llround(p * m_msPerPixel);
     if (m_endTime < t + kMinSelection)
         m_beginTime = m_endTime - kMinSelection;
     else if (m_endTime - t > kMaxSelection)
@@ -231,10 +239,9 @@ CWaveModel::Step CWaveModel::dragBeginEdge(int x)
 CWaveModel::Step CWaveModel::dragEndEdge(int x)
 {
     Step step;
-    const int p = m_scrollX + x;
-    if (p >= m_totalWidth)
+    long long t = 0;
+    if (!edgeTimeAt(x, &t))
         return step;
-    const long long t = std::llround(p * m_msPerPixel);
     if (t - kMinSelection < m_beginTime)
         m_endTime = m_beginTime + kMinSelection;
     else if (t - m_beginTime > kMaxSelection)

@@ -138,6 +138,9 @@ public:
     void setFrameCount(unsigned int frames) { m_frameCount = frames; }
 
 private:
+    // The time an edge dragged to view column x lands on; false past the
+    // wave's end, where the drag does nothing.
+    bool edgeTimeAt(int x, long long* t) const;
     // Shifts both times by dx pixels.
     void shiftSelection(int dx);
 

@@ -199,7 +199,7 @@ void CWavePlayback::tick()
 
 void CWavePlayback::cursorMoved()
 {
-    if (WaveHelperGetState(&wave) != 1)
+    if (WaveHelperGetState(&wave) != WAVE_PLAYING)
         return;
     // Playback goes on from the new place.
     WaveHelperPause(&wave);

@@ -16,6 +16,16 @@ CRingToneModel::~CRingToneModel()
     qDeleteAll(m_nodes);
 }
 
+bool CRingToneModel::putOffWhileLoading(std::function<void()> request)
+{
+    // While the library loads, a request is answered when the load ends.
+    CLibraryLoader* loader = CLibraryLoader::instance();
+    if (!loader->isLoading())
+        return false;
+    loader->whenLoaded(this, std::move(request));
+    return true;
+}
+
 int CRingToneModel::songCount() const
 {
     const int count = CItunesWraper::instance()->getSongCount(m_type, m_position);
@@ -52,12 +62,8 @@ QVariant CRingToneModel::data(const QModelIndex& index, int role) const
 
 void CRingToneModel::load(tagLibraryType type, int position)
 {
-    // While the library loads, the request is answered when the load ends.
-    CLibraryLoader* loader = CLibraryLoader::instance();
-    if (loader->isLoading()) {
-        loader->whenLoaded(this, [this, type, position] { load(type, position); });
+    if (putOffWhileLoading([this, type, position] { load(type, position); }))
         return;
-    }
     clearRingTone();
     m_type = type;
     m_position = position;
@@ -92,11 +98,8 @@ void CRingToneModel::clearRingTone()
 
 void CRingToneModel::Search(QString text, FilterType type)
 {
-    CLibraryLoader* loader = CLibraryLoader::instance();
-    if (loader->isLoading()) {
-        loader->whenLoaded(this, [this, text, type] { Search(text, type); });
+    if (putOffWhileLoading([this, text, type] { Search(text, type); }))
         return;
-    }
     clearRingTone();
     // From here on the agent contributes no rows: every row is an owned hit.
     m_type = LT_SEARCH;

@@ -15,6 +15,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 class CRingToneModel : public QAbstractTableModel, public ISongSink
 {
     Q_OBJECT
@@ -40,6 +42,9 @@ public:
     CRingToneNode nodeFromIndex(const QModelIndex& index) const;
 
 private:
+    // True when the library is still loading: the request then runs when
+    // the load ends.
+    bool putOffWhileLoading(std::function<void()> request);
     // The loaded playlist's song count as the wrapper gives it, never below 0.
     int songCount() const;
 
