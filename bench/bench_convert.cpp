@@ -131,7 +131,7 @@ QString makeMp3(const QString& dir, int minutes)
 // Child mode: one conversion, then the peak resident size in kilobytes.
 int childConvert(const QString& src, const QString& dest)
 {
-    const int rc = convert(src, dest, "wav", 65536, 0, 0);
+    const int rc = convert(src, dest, "wav", KELO_CODEC_PCM_S16LE, 0, 0);
     rusage usage;
     getrusage(RUSAGE_SELF, &usage);
     std::printf("status %d maxrss_kb %ld\n", rc, usage.ru_maxrss);
@@ -183,7 +183,7 @@ int main(int argc, char* argv[])
             // Alternate the two so that neither gets a warmer machine.
             QElapsedTimer t;
             t.start();
-            const int rc = convert(c.src, wavOurs, "wav", 65536, 0, 0);
+            const int rc = convert(c.src, wavOurs, "wav", KELO_CODEC_PCM_S16LE, 0, 0);
             ours.push_back(rc == KELO_OK ? t.nsecsElapsed() / 1e6 : -1.0);
             QFile::remove(wavTheirs);
             theirs.push_back(
@@ -194,14 +194,14 @@ int main(int argc, char* argv[])
     }
 
     // The ringtone is cut from the 5-minute song's WAV, as the editor does.
-    if (convert(mp3Short, wavOurs, "wav", 65536, 0, 0) != KELO_OK)
+    if (convert(mp3Short, wavOurs, "wav", KELO_CODEC_PCM_S16LE, 0, 0) != KELO_OK)
         return 1;
     {
         std::vector<double> ours, theirs;
         for (int i = 0; i < 7; ++i) {
             QElapsedTimer t;
             t.start();
-            const int rc = convert(wavOurs, m4rOurs, "mp4", 86018, 30000, 70000);
+            const int rc = convert(wavOurs, m4rOurs, "mp4", KELO_CODEC_AAC, 30000, 70000);
             ours.push_back(rc == KELO_OK ? t.nsecsElapsed() / 1e6 : -1.0);
             QFile::remove(m4rTheirs);
             theirs.push_back(

@@ -112,7 +112,7 @@ private slots:
         const QByteArray src = m_flac.toLocal8Bit();
         const QByteArray dest = out("whole.wav");
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
-                                                       65536, 128000, &recorder),
+                                                       KELO_CODEC_PCM_S16LE, 128000, &recorder),
                  1);
         QTRY_VERIFY_WITH_TIMEOUT(recorder.ended(), 30000);
         QCOMPARE(recorder.calls.back(), std::make_pair(10000, 0));
@@ -130,7 +130,8 @@ private slots:
         const QByteArray src = m_wav20.toLocal8Bit();
         const QByteArray dest = out("span.m4r");
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "mp4",
-                                                       86018, 128000, &recorder, 5000, 12000),
+                                                       KELO_CODEC_AAC, 128000, &recorder, 5000,
+                                                       12000),
                  1);
         QTRY_VERIFY_WITH_TIMEOUT(recorder.ended(), 30000);
         QCOMPARE(recorder.calls.back(), std::make_pair(10000, 0));
@@ -147,12 +148,13 @@ private slots:
         const QByteArray src = m_flac.toLocal8Bit();
         const QSet<int> before = aliveItems();
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), out("one.wav").constData(),
-                                                       "wav", 65536, 128000, &first),
+                                                       "wav", KELO_CODEC_PCM_S16LE, 128000, &first),
                  1);
         const QSet<int> afterFirst = aliveItems();
         QTRY_VERIFY_WITH_TIMEOUT(first.ended(), 30000);
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), out("two.wav").constData(),
-                                                       "wav", 65536, 128000, &second),
+                                                       "wav", KELO_CODEC_PCM_S16LE, 128000,
+                                                       &second),
                  1);
         const QSet<int> afterSecond = aliveItems();
         QTRY_VERIFY_WITH_TIMEOUT(second.ended(), 30000);
@@ -171,14 +173,16 @@ private slots:
         const QByteArray bad = tw::textFixture().toLocal8Bit();
         ProgressRecorder recorder;
         QCOMPARE(CConvertWraper::instance()->convertTo(good.constData(), out("a.wav").constData(),
-                                                       "wav", 65536, 128000, &recorder),
+                                                       "wav", KELO_CODEC_PCM_S16LE, 128000,
+                                                       &recorder),
                  1);
         QTRY_VERIFY_WITH_TIMEOUT(recorder.ended(), 30000);
         const QSet<int> withGood = aliveItems();
 
         ProgressRecorder refused;
         QCOMPARE(CConvertWraper::instance()->convertTo(bad.constData(), out("b.wav").constData(),
-                                                       "wav", 65536, 128000, &refused),
+                                                       "wav", KELO_CODEC_PCM_S16LE, 128000,
+                                                       &refused),
                  -1);
         // The good item went before the bad one was tried; nothing came in.
         const QSet<int> afterBad = aliveItems();
@@ -193,7 +197,7 @@ private slots:
         QCOMPARE(probed.size(), 1);
         ProgressRecorder again;
         QCOMPARE(CConvertWraper::instance()->convertTo(good.constData(), out("c.wav").constData(),
-                                                       "wav", 65536, 128000, &again),
+                                                       "wav", KELO_CODEC_PCM_S16LE, 128000, &again),
                  1);
         QTRY_VERIFY_WITH_TIMEOUT(again.ended(), 30000);
         QVERIFY(aliveItems().contains(*probed.begin()));
@@ -203,9 +207,9 @@ private slots:
     {
         QTest::addColumn<QByteArray>("format");
         QTest::addColumn<int>("codec");
-        QTest::newRow("unknown container") << QByteArray("avi") << 65536;
-        QTest::newRow("wav with aac") << QByteArray("wav") << 86018;
-        QTest::newRow("mp4 with pcm") << QByteArray("mp4") << 65536;
+        QTest::newRow("unknown container") << QByteArray("avi") << KELO_CODEC_PCM_S16LE;
+        QTest::newRow("wav with aac") << QByteArray("wav") << KELO_CODEC_AAC;
+        QTest::newRow("mp4 with pcm") << QByteArray("mp4") << KELO_CODEC_PCM_S16LE;
     }
 
     void shouldReturnMinus2WhenTheEngineRefusesToRun()
@@ -230,8 +234,8 @@ private slots:
         const QByteArray src = m_flac.toLocal8Bit();
         const QString dest = QString::fromLocal8Bit(out("silent.wav"));
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(),
-                                                       dest.toLocal8Bit().constData(), "wav", 65536,
-                                                       128000, nullptr),
+                                                       dest.toLocal8Bit().constData(), "wav",
+                                                       KELO_CODEC_PCM_S16LE, 128000, nullptr),
                  1);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(dest), 30000);
         QTRY_COMPARE_WITH_TIMEOUT(QFile(dest).size(), qint64(44 + 3 * 44100 * 4), 30000);
@@ -267,7 +271,7 @@ private slots:
         const QByteArray src = qEnvironmentVariable("TW_EXIT_CHILD_SOURCE").toLocal8Bit();
         const QByteArray dest = (dir + "/left.m4r").toLocal8Bit();
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "mp4",
-                                                       86018, 128000, &recorder),
+                                                       KELO_CODEC_AAC, 128000, &recorder),
                  1);
         QTRY_VERIFY_WITH_TIMEOUT(!recorder.calls.empty() && recorder.calls.back().first > 0, 30000);
         QVERIFY(!recorder.ended());

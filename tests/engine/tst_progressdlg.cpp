@@ -229,8 +229,8 @@ private slots:
         for (int i = 0; i < 10; ++i) {
             const QByteArray dest = (m_dir.path() + QString("/real %1.wav").arg(i)).toLocal8Bit();
             QCOMPARE(CConvertWraper::instance()->convertTo(source.toLocal8Bit().constData(),
-                                                           dest.constData(), "wav", 65536, 128000,
-                                                           &dlg),
+                                                           dest.constData(), "wav",
+                                                           KELO_CODEC_PCM_S16LE, 128000, &dlg),
                      1);
             Watchdog watchdog(&dlg);
             QCOMPARE(dlg.start(1.0f, 0.0f, true), 1);
@@ -245,7 +245,7 @@ private slots:
         const QByteArray src = tw::flacFixture(3).toLocal8Bit();
         const QByteArray dest = (m_dir.path() + "/early.wav").toLocal8Bit();
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
-                                                       65536, 128000, &dlg),
+                                                       KELO_CODEC_PCM_S16LE, 128000, &dlg),
                  1);
         // The job is over long before the wait starts (no events meanwhile);
         // its calls wait in the event queue, so the wait still sees the end.
@@ -268,7 +268,7 @@ private slots:
         const QByteArray src = tw::flacFixture(3).toLocal8Bit();
         const QByteArray dest = (m_dir.path() + "/missing folder/x.m4r").toLocal8Bit();
         QCOMPARE(CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "mp4",
-                                                       86018, 128000, &dlg),
+                                                       KELO_CODEC_AAC, 128000, &dlg),
                  1);
         Watchdog watchdog(&dlg);
         QCOMPARE(dlg.start(0.5f, 0.0f, true), -2);

@@ -100,7 +100,7 @@ struct RenderRequest
     QString source;
     QString dest;
     QByteArray format = "wav";
-    int codec = 65536;
+    int codec = KELO_CODEC_PCM_S16LE;
     int bitRate = 128000;
     qint64 start = 0;
     qint64 end = 0;

@@ -260,7 +260,7 @@ private slots:
         QFETCH(qint64, frames);
         const QString dest = out(QString("span %1-%2.wav").arg(start).arg(end));
         tw::RenderWatch watch;
-        QVERIFY(render({m_marker, dest, "wav", 65536, 128000, start, end}, &watch));
+        QVERIFY(render({m_marker, dest, "wav", KELO_CODEC_PCM_S16LE, 128000, start, end}, &watch));
         QVERIFY(tw::canonicalWavProblem(dest).isEmpty());
         const QByteArray pcm = tw::wavData(dest);
         QCOMPARE(qint64(pcm.size() / 4), frames);
@@ -284,7 +284,8 @@ private slots:
         const QString base = out(QFileInfo(source).suffix());
         tw::RenderWatch whole, span;
         QVERIFY(render({source, base + " whole.wav"}, &whole));
-        QVERIFY(render({source, base + " span.wav", "wav", 65536, 128000, 1000, 2500}, &span));
+        QVERIFY(render(
+            {source, base + " span.wav", "wav", KELO_CODEC_PCM_S16LE, 128000, 1000, 2500}, &span));
         const QByteArray all = tw::wavData(base + " whole.wav");
         const QByteArray cut = tw::wavData(base + " span.wav");
         QCOMPARE(qint64(cut.size() / 4), frameAt(2500) - frameAt(1000));
@@ -300,7 +301,7 @@ private slots:
     {
         const QString dest = out("30000-70000.wav");
         tw::RenderWatch watch;
-        QVERIFY(render({m_long, dest, "wav", 65536, 128000, 30000, 70000}, &watch));
+        QVERIFY(render({m_long, dest, "wav", KELO_CODEC_PCM_S16LE, 128000, 30000, 70000}, &watch));
         const QByteArray pcm = tw::wavData(dest);
         QCOMPARE(pcm.size(), 30 * kRate * 4);
         QVERIFY(pcm == tw::wavData(m_long).mid(30 * kRate * 4));
@@ -325,7 +326,7 @@ private slots:
         QFETCH(double, expectedMs);
         const QString dest = out(QString("ringtone %1 %2.m4r").arg(start).arg(bitRate));
         tw::RenderWatch watch;
-        QVERIFY(render({m_long, dest, "mp4", 86018, bitRate, start, end}, &watch));
+        QVERIFY(render({m_long, dest, "mp4", KELO_CODEC_AAC, bitRate, start, end}, &watch));
         verifyRingtone(dest, expectedMs);
         if (QTest::currentTestFailed())
             return;
@@ -364,7 +365,7 @@ private slots:
         const QString dest = out(
             QString("%1 %2-%3.m4r").arg(QFileInfo(source).completeBaseName()).arg(start).arg(end));
         tw::RenderWatch watch;
-        QVERIFY(render({source, dest, "mp4", 86018, 128000, start, end}, &watch));
+        QVERIFY(render({source, dest, "mp4", KELO_CODEC_AAC, 128000, start, end}, &watch));
         verifyRingtone(dest, expectedMs, slackMs);
         if (QTest::currentTestFailed())
             return;
@@ -377,7 +378,7 @@ private slots:
         // The burst is at 12.000 s; a span from 10.000 s must have it at 2.000 s.
         const QString dest = out("marker.m4r");
         tw::RenderWatch watch;
-        QVERIFY(render({m_marker, dest, "mp4", 86018, 128000, 10000, 20000}, &watch));
+        QVERIFY(render({m_marker, dest, "mp4", KELO_CODEC_AAC, 128000, 10000, 20000}, &watch));
         const QByteArray pcm = tw::decodedPcm(dest);
         const qint64 onset = tw::firstFrameAbove(pcm, 8000);
         QVERIFY2(std::abs(onset - 2LL * kRate) <= kAacFrame, qPrintable(QString::number(onset)));
@@ -410,7 +411,8 @@ private slots:
         KeloSetNotifyDispatcher(&queueTask);
         tw::RenderWatch watch;
         const QString dest = out("cancelled.m4r");
-        const int rc = tw::startRender(timeline, {m_long, dest, "mp4", 86018, 128000}, &watch);
+        const int rc =
+            tw::startRender(timeline, {m_long, dest, "mp4", KELO_CODEC_AAC, 128000}, &watch);
         KeloSetNotifyDispatcher(nullptr);
         QCOMPARE(rc, int(KELO_OK));
         QTRY_VERIFY_WITH_TIMEOUT(queuedCount() >= 2, 30000);

@@ -211,7 +211,7 @@ private slots:
 
         tw::RenderWatch watch;
         const QByteArray dest = (outDir() + "/refused.wav").toLocal8Bit();
-        tagKeloRunParam p = tw::runParam("wav", dest, 65536, 128000, &watch);
+        tagKeloRunParam p = tw::runParam("wav", dest, KELO_CODEC_PCM_S16LE, 128000, &watch);
         int timeline = m_timeline;
         const int* ids = &media;
         int count = 1;
@@ -248,7 +248,7 @@ private slots:
             p.pszFormat = "avi";
             break;
         case WavWithAac:
-            p.nAudioCodec = 86018;
+            p.nAudioCodec = KELO_CODEC_AAC;
             break;
         case Mp4WithPcm:
             p.pszFormat = "mp4";
@@ -294,7 +294,7 @@ private slots:
         const SourceSnapshot original(m_flac);
         QVERIFY(original.size > 0);
         tw::RenderWatch watch;
-        const int codec = format == "wav" ? 65536 : 86018;
+        const int codec = format == "wav" ? KELO_CODEC_PCM_S16LE : KELO_CODEC_AAC;
         QCOMPARE(tw::startRender(m_timeline, {m_flac, dest, format, codec}, &watch), int(KELO_OK));
         QVERIFY(watch.waitEnd());
         QCOMPARE(watch.last().status, int(KELO_E_IO));
@@ -331,7 +331,8 @@ private slots:
     {
         tw::RenderWatch watch;
         const QString dest = outDir() + "/late.m4r";
-        QCOMPARE(tw::startRender(m_timeline, {m_flac, dest, "mp4", 86018, 128000, 100000, 110000},
+        QCOMPARE(tw::startRender(m_timeline,
+                                 {m_flac, dest, "mp4", KELO_CODEC_AAC, 128000, 100000, 110000},
                                  &watch),
                  int(KELO_OK));
         QVERIFY(watch.waitEnd());
@@ -362,7 +363,7 @@ private slots:
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
 
         tw::RenderWatch watch;
-        const int codec = format == "wav" ? 65536 : 86018;
+        const int codec = format == "wav" ? KELO_CODEC_PCM_S16LE : KELO_CODEC_AAC;
         const QString dest = outDir() + "/full." + format;
         const int rc = tw::startRender(m_timeline, {m_long, dest, format, codec}, &watch);
         const bool ended = watch.waitEnd();
@@ -439,7 +440,7 @@ private slots:
         tw::RenderWatch watch;
         int media = -1;
         const QString dest = outDir() + "/cancelled.m4r";
-        QCOMPARE(tw::startRender(timeline, {m_long, dest, "mp4", 86018}, &watch, &media),
+        QCOMPARE(tw::startRender(timeline, {m_long, dest, "mp4", KELO_CODEC_AAC}, &watch, &media),
                  int(KELO_OK));
         QVERIFY(watch.waitProgress(0));
         if (destroyTimeline) {
@@ -465,7 +466,7 @@ private slots:
         std::memset(&s, 0, sizeof s);
         s.pszPath = src.constData();
         const int media = KeloAddMedia2(m_timeline, &s, 0, 0);
-        tagKeloRunParam p = tw::runParam("mp4", dest, 86018, 128000, nullptr);
+        tagKeloRunParam p = tw::runParam("mp4", dest, KELO_CODEC_AAC, 128000, nullptr);
         p.pUser = &remover;
         p.pfnNotify = &SelfRemover::notify;
         QCOMPARE(KeloRun(m_timeline, &media, 1, &p), int(KELO_OK));
@@ -482,8 +483,9 @@ private slots:
         tw::RenderWatch first;
         tw::RenderWatch second;
         const QString dest = outDir() + "/busy.m4r";
-        QCOMPARE(tw::startRender(m_timeline, {m_long, dest, "mp4", 86018}, &first), int(KELO_OK));
-        QCOMPARE(tw::startRender(m_timeline, {m_flac, dest, "mp4", 86018}, &second),
+        QCOMPARE(tw::startRender(m_timeline, {m_long, dest, "mp4", KELO_CODEC_AAC}, &first),
+                 int(KELO_OK));
+        QCOMPARE(tw::startRender(m_timeline, {m_flac, dest, "mp4", KELO_CODEC_AAC}, &second),
                  int(KELO_E_BUSY));
         QVERIFY(first.waitEnd());
         QCOMPARE(first.last().status, int(KELO_OK));
@@ -497,7 +499,8 @@ private slots:
         tw::RenderWatch watches[3];
         for (int i = 0; i < 3; ++i)
             QCOMPARE(tw::startRender(
-                         timeline, {m_long, outDir() + QString("/job%1.m4r").arg(i), "mp4", 86018},
+                         timeline,
+                         {m_long, outDir() + QString("/job%1.m4r").arg(i), "mp4", KELO_CODEC_AAC},
                          &watches[i]),
                      int(KELO_OK));
         QVERIFY(watches[0].waitProgress(0));
