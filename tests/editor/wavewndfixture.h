@@ -51,13 +51,14 @@ inline int load(CWaveWnd& w, const QString& path)
 }
 
 // Whether an engine that started playing at `from` when `since` was started
-// can be at `pos` now. SDL takes its first buffer at once and then one a
-// buffer's time, never faster than real time: a busy machine only finds the
-// position earlier, never past this bound, so the check cannot fail by chance.
+// can have come as far as `pos` by now. SDL takes its first buffer at once
+// and then one a buffer's time, never faster than real time: a busy machine
+// only finds the position earlier, never past this bound, so the check
+// cannot fail by chance.
 constexpr long long kStartSlackMs = 100; // the first buffers, taken at once
-inline bool playedFrom(long long pos, long long from, const QElapsedTimer& since)
+inline bool withinRealTime(long long pos, long long from, const QElapsedTimer& since)
 {
-    return pos >= from && pos <= from + since.elapsed() + kStartSlackMs;
+    return pos <= from + since.elapsed() + kStartSlackMs;
 }
 
 inline QString positionText(long long pos, const QElapsedTimer& since)
