@@ -13,6 +13,7 @@ PACKAGES=(
   libtag1-dev
   libcurl4-openssl-dev
   xvfb xauth
+  fonts-dejavu-core fonts-wqy-microhei
   hyperfine time
   clang clang-format libclang-rt-14-dev
   frozen-bubble-data

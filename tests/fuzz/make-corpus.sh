@@ -14,7 +14,7 @@ ff() { ffmpeg -nostdin -v error -y "$@"; }
 seed() { mkdir -p "$out/$1"; { printf "\\x$3"; cat "$4"; } > "$out/$1/$2"; }
 
 rm -rf "$out"
-mkdir -p "$out"/{xmllibrary,playlistfile,mediafile,waveheader,mediaprobe}
+mkdir -p "$out"/{xmllibrary,playlistfile,mediafile,waveheader,mediaprobe,updatereply}
 
 # --- library XML
 cp "$here/../data/library-kinds.xml" "$out/xmllibrary/library-kinds.xml"
@@ -100,5 +100,20 @@ seed mediaprobe video.mkv 05 "$tmp/v.mkv"
 seed mediaprobe adts.aac 06 "$tmp/a.aac"
 printf 'not media at all\n' > "$tmp/t.bin"
 seed mediaprobe text.bin 07 "$tmp/t.bin"
+
+# --- update service replies
+reply() {
+  printf '<?xml version="1.0" encoding="utf-8"?>\n<upd:ProductInfo xmlns:upd="http://update.example/schema">\n'
+  printf '  <upd:ProductCode>%s</upd:ProductCode>\n  <upd:ProductDisplayName>Tonewright</upd:ProductDisplayName>\n' "$1"
+  printf '  <upd:ProductVer>%s</upd:ProductVer>\n  <upd:ProductState>release</upd:ProductState>\n' "$2"
+  printf '  <upd:DownloadURL>http://downloads.example/tw.dmg</upd:DownloadURL>\n'
+  printf '  <upd:WhatsNew><upd:Format>html</upd:Format><upd:Description>%s</upd:Description></upd:WhatsNew>\n' "$3"
+  printf '</upd:ProductInfo>\n'
+}
+reply TW-01 1.5.0 "$(printf '<b>Faster</b> fades, \xc3\xa9t\xc3\xa9' | base64 -w0)" > "$out/updatereply/newer.xml"
+reply TW-01 1.4.0 "" > "$out/updatereply/same.xml"
+reply "" 2.0 "eA==" > "$out/updatereply/unknown.xml"
+reply TW-01 1.4.0.1 "$(printf 'a\0b' | base64 -w0)" > "$out/updatereply/zero-byte.xml"
+printf '<html><body>Service down' > "$out/updatereply/not-xml.txt"
 
 du -sh "$out"/*

@@ -1,0 +1,97 @@
+// Pictures of the dialogs and the welcome pane, in English and in Japanese,
+// drawn off screen with the program's skin and saved under the build
+// directory (screenshots/dialog-<language>-<name>.png) for a person to look
+// at. The checks here are what a picture cannot tell by itself: the files
+// are written, and the Japanese ones carry other texts than the English.
+
+#include "app/language.h"
+#include "testenv.h"
+#include "ui/aboutdlg.h"
+#include "ui/hellownd.h"
+#include "ui/namedlg.h"
+#include "ui/tryagaindlg.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPushButton>
+
+namespace {
+
+QString shotDir()
+{
+    return QStringLiteral(TW_BINARY_DIR "/screenshots");
+}
+
+// Shows the widget, lets it paint, saves its picture; the picture.
+QImage save(QWidget& widget, const QString& language, const QString& name)
+{
+    widget.show();
+    if (!QTest::qWaitForWindowExposed(&widget))
+        return QImage();
+    QTest::qWait(150); // the welcome animation shows its first frames
+    const QImage image = widget.grab().toImage();
+    image.save(shotDir() + QString("/dialog-%1-%2.png").arg(language, name));
+    widget.hide();
+    return image;
+}
+
+} // namespace
+
+class TestDialogShots : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(QDir().mkpath(shotDir()));
+        // The program's own files, found as start-up finds them.
+        QVERIFY(QDir::setCurrent(TW_BINARY_DIR));
+        QFile skin("skin/default/default.css");
+        QVERIFY(skin.open(QIODevice::ReadOnly));
+        qApp->setStyleSheet(QString::fromUtf8(skin.readAll()));
+    }
+
+    void cleanupTestCase() { CLanguage::instance()->translatorLan("en"); }
+
+    void shouldDrawEveryDialogInEnglishAndJapanese_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << "en";
+        QTest::newRow("Japanese") << "ja";
+    }
+    void shouldDrawEveryDialogInEnglishAndJapanese()
+    {
+        QFETCH(QString, language);
+        CLanguage::instance()->translatorLan(language);
+        CAboutDlg about;
+        about.setObjectName("aboutDlg"); // as the main window names it
+        CNameDlg name;
+        name.setObjectName("nameDlg"); // as the convert flow names it
+        name.setName("Morning Light");
+        CTryAgainDlg tryAgain;
+        tryAgain.setFileName("Morning Light.mp3");
+        CHelloWnd hello;
+        hello.setObjectName("helloWidget");
+        hello.resize(677, 420);
+
+        for (auto [widget, tag] : {std::pair<QWidget*, const char*>{&about, "about"},
+                                   {&name, "name"},
+                                   {&tryAgain, "tryagain"},
+                                   {&hello, "hello"}}) {
+            const QImage image = save(*widget, language, tag);
+            QVERIFY2(!image.isNull(), tag);
+            QVERIFY(QFile::exists(shotDir() + QString("/dialog-%1-%2.png").arg(language, tag)));
+        }
+        const QString tryText = tryAgain.findChild<QPushButton*>("okBtn")->text();
+        if (language == "ja")
+            QVERIFY2(tryText != "Try again", qPrintable(tryText));
+        else
+            QCOMPARE(tryText, QString("Try again"));
+    }
+};
+
+TW_TEST_MAIN(TestDialogShots)
+#include "tst_dialogshots.moc"
