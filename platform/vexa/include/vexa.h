@@ -135,6 +135,74 @@ int KeloGetMediaInfo(int timeline, int media, void** ppInfo);
 // last call carries 10000 or the failure (status < 0).
 int KeloRun(int timeline, const int* media, int count, const tagKeloRunParam* param);
 
+// --- video player -----------------------------------------------------------
+// A player shows the pictures of a video item (sound plays elsewhere) on the
+// surface set with VexaSetEnvironment: a thread of its own decodes, scales
+// and hands over each picture when it is due, and reports events.
+
+// What a player reports, with the position in ms of its clock. Nothing is
+// reported while it is paused, nor for a seek that went well.
+enum
+{
+    KELO_EVENT_PROGRESS = 1,     // playing: as it starts, then at least every 100 ms
+    KELO_EVENT_END = 3,          // the last picture was shown; the player pauses there
+    KELO_EVENT_OPEN_FAILED = 5,  // the file or its video cannot be opened
+    KELO_EVENT_DECODE_FAILED = 7 // the video could not be decoded
+};
+
+typedef struct tagKeloEvent
+{
+    int32_t nReserved; // 0
+    int32_t nKind;     // KELO_EVENT_*
+    int32_t nPosition; // ms
+} tagKeloEvent;
+
+// Called on the player's thread; the record is valid during the call only.
+typedef int (*KeloEventProc)(tagKeloEvent* event, void* user);
+
+// Where players show their pictures. Both calls come on a player's thread.
+typedef struct tagVexaSurface tagVexaSurface;
+struct tagVexaSurface
+{
+    // The size in pixels that pictures should fit (0 x 0: the player's own).
+    void (*pfnTargetSize)(tagVexaSurface* surface, int32_t* width, int32_t* height);
+    // A picture that is due: width x height pixels of 32 bits (0xffRRGGBB in
+    // host order), `stride` bytes a line, valid during the call only.
+    void (*pfnShowFrame)(tagVexaSurface* surface, const uint8_t* pixels, int32_t width,
+                         int32_t height, int32_t stride, int64_t position);
+};
+
+// Player creation record.
+typedef struct tagVexaCreateParam
+{
+    int32_t nTimeline;
+    void* pMediaObject; // from KeloGetMediaObject
+    int32_t nReserved;  // 0
+    int32_t nWidth;     // the picture's size when the surface gives none
+    int32_t nHeight;
+    KeloEventProc pfnEvent; // may be null
+    void* pUser;            // handed back to pfnEvent
+} tagVexaCreateParam;
+
+// The media object of an item, for VexaCreateEx. KELO_OK or a negative code.
+int KeloGetMediaObject(int timeline, int media, void** ppObject);
+// The surface every player shows its pictures on (null: none). After it
+// returns no player shows a picture on the surface it replaced.
+int VexaSetEnvironment(tagVexaSurface* surface);
+// Takes `surface` away if it is the one set; a surface calls it before it
+// goes. KELO_OK either way.
+int VexaRemoveEnvironment(tagVexaSurface* surface);
+// A paused player of the item's video at its start; *pPlayer gets its
+// handle. A file that cannot be opened still gets a player, which reports
+// KELO_EVENT_OPEN_FAILED. Negative for a bad record or item.
+int VexaCreateEx(const tagVexaCreateParam* param, int reserved0, int reserved1, int* pPlayer);
+int VexaPlay(int player);
+int VexaPause(int player);
+// Shows the last picture at or before the position; playing goes on from it.
+int VexaSeekToPos(int player, int64_t position);
+// Stops the player's thread and frees it; no event comes after it returns.
+int VexaDestroy(int player);
+
 // --- diagnostics ----------------------------------------------------------
 // printf-style; each line gets a time stamp and goes to standard error and
 // to today's log file. Safe from any thread.
