@@ -355,6 +355,12 @@ public:
 
 // --- effects ----------------------------------------------------------------
 
+// The low 32 bits of a value, as a signed int.
+int wrap32(long long v)
+{
+    return static_cast<int>(static_cast<unsigned>(static_cast<unsigned long long>(v)));
+}
+
 // Applies volume, then the fade the buffer's start lies in, to `length`
 // bytes read from file offset `pos`. Shared by playback and write-back so
 // that the file ends up exactly as it sounded.
@@ -371,8 +377,11 @@ void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, lo
     // past the region: a buffer's granularity is accepted.
     const bool inFadeIn = inStart <= pos && pos <= inEnd;
     const bool inFadeOut = !inFadeIn && outStart <= pos && pos <= outEnd;
-    const int off = static_cast<int>(pos - (inFadeIn ? inStart : outStart));
-    const int len = inFadeIn ? inEnd - inStart : outEnd - outStart;
+    // 32-bit arithmetic, as the offsets are: a region of a file whose rate
+    // makes them wrap gives a wrapped length, not an overflow.
+    const int off = wrap32(pos - (inFadeIn ? inStart : outStart));
+    const int len = wrap32(inFadeIn ? static_cast<long long>(inEnd) - inStart
+                                    : static_cast<long long>(outEnd) - outStart);
 
     if (info->silence != 0) {
         if (volume != 100) {

@@ -22,6 +22,9 @@ namespace {
 constexpr auto kEventEvery = std::chrono::milliseconds(100);
 // A picture this late is skipped rather than shown: the player catches up.
 constexpr int64_t kLateMs = 100;
+// A seek this far ahead of the picture on screen decodes on instead of going
+// back to a key picture: how playing catches up with the sound.
+constexpr int64_t kForwardSeekMs = 3000;
 
 struct SwsFreer
 {
@@ -284,6 +287,7 @@ void Player::run()
     };
 
     std::optional<Decoder::Picture> next; // decoded, not shown yet
+    int64_t onScreen = -1;                // the time of the picture shown last
     bool ended = false;
     Clock::time_point lastEvent = Clock::now() - kEventEvery;
     Clock::time_point lastShown = Clock::now();
@@ -293,38 +297,57 @@ void Player::run()
             const int64_t target = m_seekTo;
             m_seekTo = -1;
             lock.unlock();
-            // The last picture at or before the target; the one after it is
+            // A short step forward decodes on from here; anything else goes
+            // back to the key picture before the target. Either way the last
+            // picture at or before the target shows, and the one after it is
             // kept for playing on.
-            next.reset();
-            ended = false;
+            const bool forward = onScreen >= 0 && !ended && target >= onScreen &&
+                                 target - onScreen <= kForwardSeekMs;
             bool failed = false;
             std::optional<Decoder::Picture> shown;
-            if (decoder.seekBefore(target)) {
-                while (auto picture = decoder.next(&failed)) {
-                    if (picture->ms > target && shown) {
-                        next = std::move(picture);
-                        break;
-                    }
-                    shown = std::move(picture);
-                    if (shown->ms > target)
-                        break; // the video starts after the target: its first picture
+            bool decode = true;
+            if (forward) {
+                if (next && next->ms <= target) {
+                    shown = std::move(next);
+                    next.reset();
+                } else if (next) {
+                    decode = false; // the picture on screen is the one
                 }
+            } else {
+                next.reset();
+                decode = decoder.seekBefore(target);
             }
-            int w = 0;
-            int h = 0;
-            box(&w, &h);
-            if (shown)
+            ended = false;
+            while (decode) {
+                auto picture = decoder.next(&failed);
+                if (!picture) {
+                    ended = !shown && onScreen < 0;
+                    break;
+                }
+                if (picture->ms > target && (shown || forward)) {
+                    next = std::move(picture);
+                    break;
+                }
+                shown = std::move(picture);
+                if (shown->ms > target)
+                    break; // the video starts after the target: its first picture
+            }
+            if (shown) {
+                int w = 0;
+                int h = 0;
+                box(&w, &h);
                 decoder.show(*shown, w, h);
-            lastShown = Clock::now();
+                onScreen = shown->ms;
+                lastShown = Clock::now();
+            }
             lock.lock();
             if (m_seekTo >= 0)
                 continue; // a newer seek came meanwhile
             m_base = target;
             m_started = Clock::now();
-            ended = !next && !shown;
             // A seek is reported only when it fails: the events tell where
             // playing has got to, and a listener answers them with seeks.
-            if (failed && !shown) {
+            if (failed && !shown && onScreen < 0) {
                 lock.unlock();
                 report(KELO_EVENT_DECODE_FAILED, target);
                 lock.lock();
@@ -379,6 +402,7 @@ void Player::run()
                 lastShown = Clock::now();
                 lock.lock();
             }
+            onScreen = picture.ms;
         }
         if (Clock::now() - lastEvent >= kEventEvery) {
             const int64_t at = clockNow();

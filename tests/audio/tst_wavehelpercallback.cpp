@@ -4,6 +4,7 @@
 // by WaveHelperUninit, both checked byte by byte against the independent
 // model in audiotestsupport.h.
 
+#include "audio/pcmeffects.h"
 #include "audio/wavehelper.h"
 #include "audio/wavehelper_p.h"
 #include "audiotestsupport.h"
@@ -92,6 +93,7 @@ private slots:
     void shouldStopAndPadWithSilenceAtEndOfData_data();
     void shouldStopAndPadWithSilenceAtEndOfData();
     void shouldIgnoreNullRecord();
+    void shouldWrapAFadeRegionTooLongForThirtyTwoBits();
     void shouldAskForBuffersOfAtMostAnEighthSecond_data();
     void shouldAskForBuffersOfAtMostAnEighthSecond();
 
@@ -408,6 +410,30 @@ void TestWaveHelperCallback::shouldWriteNothingWhenStreamIsAtEnd()
     WaveHelperChangeVolume(&w, 50);
     QCOMPARE(WaveHelperUninit(&w), 0);
     QCOMPARE(audiotest::readFile(path), file);
+}
+
+void TestWaveHelperCallback::shouldWrapAFadeRegionTooLongForThirtyTwoBits()
+{
+    // Offsets of a file whose rate no sound card plays (found by fuzzing):
+    // the region's length does not fit 32 bits and wraps, as the offsets do.
+    const QString path = m_dir.filePath("wrap.wav");
+    QVERIFY(audiotest::writeFile(
+        path, audiotest::makeWav(kRate, 2, 16, audiotest::noise(qint64(kRate) * 4 * 3, 21))));
+    audiotest::WaveGuard g;
+    QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
+    g.w.fadeOutStart = -805305324;
+    g.w.fadeOutEnd = 1879051236;
+    const int length = 4096;
+    QByteArray stream(length, '\0');
+    AudioPlayCallbackFunc(&g.w, reinterpret_cast<unsigned char*>(stream.data()), length);
+    // What the stereo fade-out makes of the file's first bytes with the
+    // wrapped numbers.
+    QByteArray expected = audiotest::readFile(path).mid(44, length);
+    const int off = static_cast<int>(44LL + 805305324LL);
+    const int len = static_cast<int>(static_cast<unsigned>(1879051236U + 805305324U));
+    FadeOutS16Stereo(reinterpret_cast<unsigned char*>(expected.data()), (off + length) / 4, off / 4,
+                     len / 4);
+    QCOMPARE(stream, expected);
 }
 
 void TestWaveHelperCallback::shouldAskForBuffersOfAtMostAnEighthSecond_data()
