@@ -73,9 +73,9 @@ SMALL_ICON = """<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16" v
     <path d="M3.1 5.4 A4 4 0 0 0 3.1 10.6 M12.9 5.4 A4 4 0 0 1 12.9 10.6" stroke-width="1.2"/>
   </g>
   <g fill="#fff">
-    <ellipse cx="7.4" cy="10.4" rx="1.5" ry="1.15"/>
-    <rect x="8" y="5" width="1" height="5.4"/>
-    <path d="M9 5 L10 5.8 L10 7 L9 6.3 Z"/>
+    <ellipse cx="7.5" cy="9.7" rx="1.5" ry="1.2"/>
+    <rect x="8" y="4.5" width="1" height="5.2"/>
+    <path d="M9 4.5 L10 5.3 L10 6.5 L9 5.8 Z"/>
   </g>
 </svg>
 """

@@ -72,7 +72,7 @@ GLYPHS = {
 
 CREATE = """<svg xmlns="http://www.w3.org/2000/svg" width="120" height="44" viewBox="0 0 120 44">
   <defs>
-    <linearGradient id="g" x1="0" y1="0" x2="0" y2="1">
+    <linearGradient id="g" gradientUnits="userSpaceOnUse" x1="0" y1="0.5" x2="0" y2="43.5">
       <stop offset="0" stop-color="{top}"/>
       <stop offset="1" stop-color="{bottom}"/>
     </linearGradient>
@@ -92,6 +92,7 @@ CREATE = """<svg xmlns="http://www.w3.org/2000/svg" width="120" height="44" view
       <ellipse cx="53.6" cy="27.4" rx="3.1" ry="2.4" transform="rotate(-20 53.6 27.4)"/>
       <rect x="55.5" y="16" width="1.9" height="11.4"/>
       <path d="M57.4 16 C59.6 17.3 61.4 18.2 60.7 21.6 C60 20.1 58.8 19.5 57.4 19.5 Z"/>
+      <!-- ringed in the face's own gradient so it seems cut out of the phone -->
       <circle cx="67" cy="11.5" r="7.2" stroke="url(#g)" stroke-width="2.4"/>
     </g>
     <path d="M67 8.2 V14.8 M63.7 11.5 H70.3" stroke="{edge}" stroke-width="2" stroke-linecap="round"/>
