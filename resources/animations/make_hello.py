@@ -29,6 +29,7 @@ WIDTH, HEIGHT = 480, 320          # device pixels (logical 240x160 at 2x)
 FRAMES = 24                       # one loop
 DELAY_MS = 80                     # per frame: the loop lasts 1.92 s
 STILL_FRAME = 4                   # the frame that hello.png shows
+COLOURS = 64                      # GIF palette size: plenty for flat art
 
 # --- colours ----------------------------------------------------------------
 BACKGROUND = "#F4F6F9"            # the welcome pane
@@ -36,9 +37,10 @@ SLATE = "#626567"                 # phone outline and details
 ACCENT = "#32A0FB"                # brand blue: note, bars, waves
 BODY = "#FFFFFF"                  # phone body between outline and screen
 SCREEN = "#E6F2FE"                # a light tint of the accent
+SHADOW = "#E2E7EE"                # the soft floor shadow under the phone
 
 # --- geometry (device pixels) ------------------------------------------------
-CX, CY = 240.0, 150.0             # centre of the phone and of the waves
+CX, CY = 240.0, 152.0             # centre of the phone and of the waves
 PHONE_W, PHONE_H = 124.0, 220.0   # outer size of the phone body
 PHONE_R = 26.0                    # its corner radius
 OUTLINE = 8.0                     # width of its outline
@@ -48,9 +50,9 @@ SCREEN_INSET_BOTTOM = 32.0
 SCREEN_R = 9.0
 
 WAVES = 3                         # waves on each side, evenly staggered
-WAVE_R0, WAVE_R1 = 92.0, 196.0    # radius where a wave is born and where it dies
-WAVE_SPAN = math.radians(36)      # half the angle an arc covers
-WAVE_W0, WAVE_W1 = 10.0, 6.0      # its stroke width, young and old
+WAVE_R0, WAVE_R1 = 90.0, 178.0    # radius where a wave is born and where it dies
+WAVE_SPAN = math.radians(30)      # half the angle an arc covers
+WAVE_W0, WAVE_W1 = 9.0, 4.0       # its stroke width, young and old
 
 BEATS = 3                         # note beats per loop, one per new wave
 BARS = 5                          # equaliser bars on the screen
@@ -119,7 +121,7 @@ def bars(t, left, right, base):
     # Each bar moves with whole numbers of cycles per loop so the loop closes.
     cycles = (2, 3, 1, 3, 2)
     phases = (0.10, 0.55, 0.30, 0.85, 0.65)
-    lows = (8, 12, 10, 12, 8)
+    lows = (11, 13, 12, 14, 11)
     highs = (22, 30, 34, 28, 20)
     bw = 8.0
     gap = ((right - left) - BARS * bw) / (BARS - 1)
@@ -165,6 +167,8 @@ def phone(t):
 def frame_svg(index):
     t = index / FRAMES
     body = ['<rect width="%d" height="%d" fill="%s"/>' % (WIDTH, HEIGHT, BACKGROUND)]
+    body.append('<ellipse cx="%s" cy="%s" rx="58" ry="7" fill="%s"/>'
+                % (fmt(CX), fmt(CY + PHONE_H / 2 + 20), SHADOW))
     body += waves(t)
     body += phone(t)
     return ('<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d" '
@@ -195,14 +199,18 @@ def main():
             ffmpeg("-i", os.path.join(tmp, "f%03d.svg" % i),
                    "-pix_fmt", "rgb24", os.path.join(tmp, "f%03d.png" % i))
 
-        # One palette for the whole loop; no dithering, so flat areas stay
-        # flat and the GIF compresses well.
-        rate = "%g" % (1000.0 / DELAY_MS)
-        ffmpeg("-framerate", rate, "-i", os.path.join(tmp, "f%03d.png"),
+        # One palette for the whole loop, with no slot kept for transparency;
+        # no dithering, so flat areas stay flat and the GIF compresses well.
+        ffmpeg("-framerate", "1000/%d" % DELAY_MS,
+               "-i", os.path.join(tmp, "f%03d.png"),
                "-filter_complex",
                "[0]split[a][b];"
-               "[a]palettegen=max_colors=256:reserve_transparent=0:stats_mode=full[p];"
-               "[b][p]paletteuse=dither=none",
+               "[a]palettegen=max_colors=%d:reserve_transparent=0:stats_mode=full[p];"
+               "[b][p]paletteuse=dither=none" % COLOURS,
+               # Frames after the first only cover the rectangle that
+               # changed, but never through transparent pixels: the GIF
+               # must not have any.
+               "-gifflags", "+offsetting-transdiff",
                "-loop", "0", "-f", "gif", os.path.join(out, "hello.gif"))
 
         ffmpeg("-i", os.path.join(tmp, "f%03d.png" % STILL_FRAME),

@@ -24,9 +24,17 @@ private slots:
         QTest::addColumn<QString>("path");
         QTest::addColumn<QByteArray>("format");
         QTest::addColumn<bool>("animated");
-        QTest::newRow("progress") << ":/animations/progress" << QByteArray("gif") << true;
-        QTest::newRow("hello") << ":/animations/hello" << QByteArray("gif") << true;
-        QTest::newRow("helloPNG") << ":/animations/helloPNG" << QByteArray("png") << false;
+        QTest::addColumn<bool>("transparent");
+        QTest::addColumn<QSize>("size");
+        // The spinner lies over whatever the progress pane shows; the welcome
+        // pictures are drawn on the pane's own ground, at twice the 240x160
+        // they take on screen.
+        QTest::newRow("progress") << ":/animations/progress" << QByteArray("gif") << true << true
+                                  << QSize(96, 96);
+        QTest::newRow("hello") << ":/animations/hello" << QByteArray("gif") << true << false
+                               << QSize(480, 320);
+        QTest::newRow("helloPNG") << ":/animations/helloPNG" << QByteArray("png") << false << false
+                                  << QSize(480, 320);
     }
 
     void shouldCompileInTheAnimations()
@@ -34,12 +42,20 @@ private slots:
         QFETCH(QString, path);
         QFETCH(QByteArray, format);
         QFETCH(bool, animated);
+        QFETCH(bool, transparent);
+        QFETCH(QSize, size);
         QImageReader reader(path);
         QCOMPARE(reader.format(), format);
         const QImage first = reader.read();
         QVERIFY2(!first.isNull(), qPrintable(reader.errorString()));
-        QVERIFY(first.hasAlphaChannel()); // drawn on a transparent ground
-        QVERIFY(first.width() <= 320 && first.height() <= 240);
+        QCOMPARE(first.size(), size);
+        const QColor corner = first.pixelColor(0, 0);
+        if (transparent) {
+            QCOMPARE(corner.alpha(), 0);
+        } else {
+            QCOMPARE(corner.alpha(), 255);
+            QCOMPARE(corner.name(), QString("#f4f6f9")); // the welcome pane's ground
+        }
 
         QMovie movie(path);
         QVERIFY(movie.isValid());
