@@ -207,9 +207,9 @@ private slots:
     {
         QTest::addColumn<QByteArray>("format");
         QTest::addColumn<int>("codec");
-        QTest::newRow("unknown container") << QByteArray("avi") << KELO_CODEC_PCM_S16LE;
-        QTest::newRow("wav with aac") << QByteArray("wav") << KELO_CODEC_AAC;
-        QTest::newRow("mp4 with pcm") << QByteArray("mp4") << KELO_CODEC_PCM_S16LE;
+        QTest::newRow("unknown container") << QByteArray("avi") << int(KELO_CODEC_PCM_S16LE);
+        QTest::newRow("wav with aac") << QByteArray("wav") << int(KELO_CODEC_AAC);
+        QTest::newRow("mp4 with pcm") << QByteArray("mp4") << int(KELO_CODEC_PCM_S16LE);
     }
 
     void shouldReturnMinus2WhenTheEngineRefusesToRun()
