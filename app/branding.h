@@ -37,6 +37,40 @@ inline QString storePage()
     return homePage() + QStringLiteral("store/tonewright/");
 }
 
+// The maker's pages on the two social networks the program links to.
+inline QString facebookPage()
+{
+    return QStringLiteral("https://www.facebook.com/vandrelsoftware");
+}
+
+inline QString twitterPage()
+{
+    return QStringLiteral("https://twitter.com/vandrelsoftware");
+}
+
+// Where a "Tweet Your Ringtone" status is composed.
+inline QString twitterHome()
+{
+    return QStringLiteral("https://twitter.com/home");
+}
+
+// The store pages of the maker's two sibling products.
+inline QString clipwellPage()
+{
+    return homePage() + QStringLiteral("store/clipwell/");
+}
+
+inline QString discwellPage()
+{
+    return homePage() + QStringLiteral("store/discwell/");
+}
+
+// The product identifier the update service knows.
+inline QString updateProduct()
+{
+    return QStringLiteral("Vandrel Tonewright Mac");
+}
+
 // Where problem reports are mailed.
 inline QString reportAddress()
 {

@@ -40,6 +40,14 @@ std::string dayFile(const std::tm& tm)
 
 } // namespace
 
+namespace vexa {
+std::string dataDirectory()
+{
+    std::lock_guard<std::mutex> lock(g_logMutex);
+    return g_dataDir;
+}
+} // namespace vexa
+
 extern "C" void KeloSetDataDirectory(const char* dataDir)
 {
     std::lock_guard<std::mutex> lock(g_logMutex);

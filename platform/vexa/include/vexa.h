@@ -212,6 +212,18 @@ void KeloLogMessage(int level, const char* format, ...)
 #endif
     ;
 
+// --- problem reports ---------------------------------------------------------
+// A line for the summary of every later problem report ("Qt", "6.4.2").
+void KeloAddReportDetail(const char* name, const char* value);
+// The program's settings file, copied into reports without its passwords.
+void KeloSetReportSettingsFile(const char* path);
+// Makes a fresh directory under <data>/reports holding what a problem report
+// needs: a summary of the system and the program, the newest log files, and
+// the settings without passwords. Returns its path, valid until the next
+// call; "" when it could not be made.
+const char* KeloBugReport(const char* bundleId, const char* appName, int reserved1,
+                          int reserved2);
+
 #ifdef __cplusplus
 }
 #endif
