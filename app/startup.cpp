@@ -1,20 +1,25 @@
 #include "app/startup.h"
 
+#include "app/language.h"
 #include "app/mpconfig.h"
 #include "app/msghandlerloger.h"
+#include "crash/crashhandler.h"
+#include "crash/crashreportdlg.h"
+#include "crash/reportdetails.h"
 #include "engine/platformfolders.h"
 #include "library/libraryloader.h"
+#include "ui/mainwnd.h"
 
 #include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QSettings>
 #include <QStyleFactory>
 #include <QTextStream>
-#include <QVBoxLayout>
+#include <QTimer>
 
+#include <csignal>
 #include <memory>
 
 void removeTempFiles()
@@ -62,25 +67,23 @@ bool runAutoUpdateCheck(CMPConfig* config, const std::function<void(bool)>& upgr
     return true;
 }
 
-namespace {
-
-// Stands in for the main window until it exists: a window that runs the
-// event loop and ends it when closed.
-std::unique_ptr<QWidget> makeStartWindow()
+std::unique_ptr<CMainWnd> openMainWindow(QSettings& settings)
 {
-    auto wnd = std::make_unique<QWidget>();
-    wnd->setObjectName("startWnd");
-    wnd->setWindowTitle("Tonewright");
-    wnd->resize(897, 560);
-    auto* layout = new QVBoxLayout(wnd.get());
-    auto* label = new QLabel(QObject::tr("Tonewright"), wnd.get());
-    label->setObjectName("startLabel");
-    label->setAlignment(Qt::AlignCenter);
-    layout->addWidget(label);
-    return wnd;
+    auto mainWnd = std::make_unique<CMainWnd>();
+    CMainWnd* wnd = mainWnd.get();
+    checkCrashFlag(settings, [wnd](bool bManual) { wnd->bugReport(bManual); });
+    removeTempFiles();
+    runAutoUpdateCheck(CMPConfig::instance(),
+                       [wnd](bool bShowNewest) { wnd->upgrade(bShowNewest); });
+    mainWnd->show();
+    return mainWnd;
 }
 
-} // namespace
+void _termHander()
+{
+    CCrashReportDlg dlg(nullptr, true);
+    dlg.exec();
+}
 
 int tonewrightMain(int argc, char* argv[])
 {
@@ -96,6 +99,8 @@ int tonewrightMain(int argc, char* argv[])
     tellPlatformFolders();
     CMsgHandlerLoger::installMsgHandler();
     qDebug("app start");
+    installCrashHandler();
+    describeProgramForReports();
     // The library loads beside the window, which shows it when it is there.
     CLibraryLoader::instance()->start();
 
@@ -110,14 +115,15 @@ int tonewrightMain(int argc, char* argv[])
         app->setStyleSheet(css);
     }
 
-    std::unique_ptr<QWidget> mainWnd = makeStartWindow();
+    CLanguage::instance()->translatorLan(QString());
 
     auto settings = std::make_unique<QSettings>();
-    checkCrashFlag(*settings, nullptr);
-
-    removeTempFiles();
-
-    mainWnd->show();
+    std::unique_ptr<CMainWnd> mainWnd = openMainWindow(*settings);
+    if (crashRequested()) {
+        // A checked way to a real crash: the crash log and the next start's
+        // report are tested with it.
+        QTimer::singleShot(0, [] { std::raise(SIGSEGV); });
+    }
     const int rc = app->exec();
 
     settings->setValue("crashFlag", false);

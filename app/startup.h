@@ -3,7 +3,9 @@
 // so that they can be exercised on their own.
 
 #include <functional>
+#include <memory>
 
+class CMainWnd;
 class CMPConfig;
 class QSettings;
 
@@ -19,6 +21,15 @@ bool checkCrashFlag(QSettings& settings, const std::function<void(bool)>& bugRep
 // the interval lies before now; then records the time and saves. Returns
 // whether the check ran.
 bool runAutoUpdateCheck(CMPConfig* config, const std::function<void(bool)>& upgrade);
+
+// Start-up from the main window on: builds it, reads the crash flag (which
+// may offer a problem report), removes old temporary files, runs the
+// automatic update check when due, and shows the window, in this order.
+std::unique_ptr<CMainWnd> openMainWindow(QSettings& settings);
+
+// A termination handler that offers the problem report the user asks for.
+// Start-up installs it nowhere; it is kept for that purpose.
+void _termHander();
 
 // The whole program: start-up, event loop, shutdown.
 int tonewrightMain(int argc, char* argv[]);

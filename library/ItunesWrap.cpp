@@ -10,6 +10,7 @@
 #include <QDebug>
 
 #include <cstring>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -32,6 +33,17 @@ int collectionOf(tagLibraryType type)
 void forwardAgentLog(const char* line, void*)
 {
     qDebug().noquote() << "library agent:" << QString::fromUtf8(line);
+}
+
+// A text the agent hands out in two passes: its size, then the text (UTF-8).
+QString twoPassText(const std::function<int(char*, int)>& get)
+{
+    const int size = get(nullptr, 0);
+    if (size <= 0)
+        return QString();
+    std::unique_ptr<char[]> text(new char[static_cast<size_t>(size)]());
+    get(text.get(), size);
+    return QString::fromUtf8(text.get(), static_cast<qsizetype>(qstrnlen(text.get(), size)));
 }
 
 QString songText(const char* buffer, int32_t size)
@@ -185,13 +197,11 @@ int CItunesWraper::getPlaylistNode(tagLibraryType type, int position, CLibraryNo
     if (collection < 0)
         return -1;
     pNode->position = position;
-    const int size = GetPlaylistName(collection, position, nullptr, 0);
-    if (size > 0) {
-        std::unique_ptr<char[]> name(new char[static_cast<size_t>(size)]());
-        GetPlaylistName(collection, position, name.get(), size);
-        pNode->caption =
-            QString::fromUtf8(name.get(), static_cast<qsizetype>(qstrnlen(name.get(), size)));
-    }
+    const QString caption = twoPassText([collection, position](char* buffer, int size) {
+        return GetPlaylistName(collection, position, buffer, size);
+    });
+    if (!caption.isEmpty())
+        pNode->caption = caption;
     void* handle = OpenPlaylist(collection, position);
     if (!handle)
         return 0;
@@ -272,4 +282,9 @@ int CItunesWraper::AddToItunes(const QString& path)
 {
     qDebug().noquote() << "AddToItunes:" << path;
     return AppendRingtone(path.toLocal8Bit().constData());
+}
+
+QString CItunesWraper::ringtoneDir()
+{
+    return twoPassText(ItunesAgentGetRingtoneDir);
 }

@@ -40,6 +40,8 @@ public:
     static int SearchCallback(const void* playlist, int song, void* sink);
     // The agent's result; 0 on success.
     int AddToItunes(const QString& path);
+    // The folder AddToItunes copies ringtones into.
+    QString ringtoneDir();
 
     ~CItunesWraper();
     CItunesWraper(const CItunesWraper&) = delete;

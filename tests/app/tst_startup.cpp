@@ -6,16 +6,23 @@
 
 #include "app/mpconfig.h"
 #include "app/startup.h"
+#include "crash/crashhandler.h"
 #include "testenv.h"
+#include "ui/mainwnd.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QLabel>
 #include <QProcess>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTemporaryDir>
+#include <QTextDocumentFragment>
 #include <QTimer>
+
+#include <QRegularExpression>
 
 #include <csignal>
 #include <cstdio>
@@ -23,21 +30,46 @@
 
 namespace {
 
-int g_closeAfterMs = -1; // child mode only: close all windows after this delay
+int g_closeAfterMs = -1; // child mode only: answer windows at this interval
 
+bool mainWindowVisible()
+{
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (qobject_cast<CMainWnd*>(w) && w->isVisible())
+            return true;
+    return false;
+}
+
+// Child mode: every interval, closes the modal dialog in front (saying what
+// it was, in the log, in order with the program's own lines), or, when none
+// is open, reports on the application and closes every window.
 void scheduleClose()
 {
     if (g_closeAfterMs < 0)
         return;
-    QTimer::singleShot(g_closeAfterMs, qApp, [] {
+    auto* timer = new QTimer(qApp);
+    timer->setInterval(g_closeAfterMs);
+    QObject::connect(timer, &QTimer::timeout, qApp, [] {
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            if (auto* label = modal->findChild<QLabel*>("crashLabel")) {
+                qDebug("test: problem report offered, main window visible: %d: %s",
+                       int(mainWindowVisible()),
+                       qPrintable(QTextDocumentFragment::fromHtml(label->text()).toPlainText()));
+            } else {
+                qDebug("test: closing %s", modal->metaObject()->className());
+            }
+            modal->close();
+            return;
+        }
         std::printf("stylesheet-bytes: %d\n", int(qApp->styleSheet().size()));
         // Without the sheet the application falls back to its base style.
         qApp->setStyleSheet(QString());
         std::printf("style: %s\n", qPrintable(qApp->style()->name()));
-        std::printf("visible-windows: %d\n", int(QApplication::topLevelWidgets().size()));
+        std::printf("main-window-visible: %d\n", int(mainWindowVisible()));
         std::fflush(stdout);
         QApplication::closeAllWindows();
     });
+    timer->start();
 }
 Q_COREAPP_STARTUP_FUNCTION(scheduleClose)
 
@@ -102,10 +134,14 @@ private:
         QString err;
     };
 
-    static Run runApp(const QString& home, int closeAfterMs)
+    static Run runApp(const QString& home, int closeAfterMs,
+                      const QProcessEnvironment& extra = QProcessEnvironment())
     {
         QProcess p;
-        p.setProcessEnvironment(childEnv(home));
+        QProcessEnvironment env = childEnv(home);
+        for (const QString& key : extra.keys())
+            env.insert(key, extra.value(key));
+        p.setProcessEnvironment(env);
         p.start(QCoreApplication::applicationFilePath(),
                 QStringList() << "--run-app" << QString::number(closeAfterMs));
         Run r;
@@ -113,7 +149,7 @@ private:
             p.kill();
             p.waitForFinished();
         }
-        r.exitCode = p.exitCode();
+        r.exitCode = p.exitStatus() == QProcess::CrashExit ? -1 : p.exitCode();
         r.out = QString::fromLocal8Bit(p.readAllStandardOutput());
         r.err = QString::fromLocal8Bit(p.readAllStandardError());
         return r;
@@ -256,6 +292,8 @@ private slots:
         QVERIFY(log.indexOf("app start") < log.indexOf("safed return"));
         QVERIFY(QFile::exists(settingsFile(home.path())));
         QCOMPARE(crashFlagOf(home.path()), false);
+        QVERIFY2(!r.err.contains("test: problem report offered"), qPrintable(r.err));
+        QVERIFY2(r.out.contains("main-window-visible: 1"), qPrintable(r.out));
         // The skin beside the executable was applied, with the Fusion style.
         QVERIFY2(r.out.contains("stylesheet-bytes: "), qPrintable(r.out));
         QVERIFY(!r.out.contains("stylesheet-bytes: 0\n"));
@@ -286,9 +324,72 @@ private slots:
         const Run r = runApp(home.path(), 200);
         QCOMPARE(r.exitCode, 0);
         QCOMPARE(crashFlagOf(home.path()), false);
+        QCOMPARE(r.err.count("test: problem report offered"), 1);
+        QVERIFY2(r.err.contains("Tonewright quitted unexpectedly last time."), qPrintable(r.err));
         QVERIFY(!QFile::exists(home.path() + "/.cache/vandrel/tonewright/wave_120000000.tmp"));
         QVERIFY(!QFile::exists(home.path() + "/.cache/vandrel/tonewright/Ring.m4r"));
         QVERIFY(r.err.contains("delete temp file:"));
+    }
+
+    void shouldOfferReportBeforeTheUpdateCheckAndBeforeTheWindowShows()
+    {
+        QTemporaryDir home;
+        {
+            QDir().mkpath(home.path() + "/.config/vandrel");
+            QSettings s(settingsFile(home.path()), QSettings::IniFormat);
+            s.setValue("crashFlag", true); // as a killed run leaves it
+            s.setValue("Update/AutoUpdate", true);
+            s.setValue("Update/Interval", 0);
+            s.setValue("Update/UpdateTime", QDateTime::currentDateTime().addSecs(-5));
+        }
+        QProcessEnvironment extra;
+        // Nothing listens there: the check fails, and says so in a box.
+        extra.insert("TONEWRIGHT_UPDATE_URL", "http://127.0.0.1:9/update-product-info/update.php");
+        const Run r = runApp(home.path(), 200, extra);
+        QCOMPARE(r.exitCode, 0);
+        const QString log = readAll(logFile(home.path()));
+        QCOMPARE(log.count("test: problem report offered"), 1);
+        QVERIFY2(log.contains("test: problem report offered, main window visible: 0: Tonewright "
+                              "quitted unexpectedly last time."),
+                 qPrintable(log));
+        const int report = log.indexOf("test: problem report offered");
+        const int update = log.indexOf("Debug: update:");
+        QVERIFY2(update > report, qPrintable(log));
+        // The failed check is told once the event loop runs.
+        QVERIFY2(log.indexOf("test: closing QMessageBox") > update, qPrintable(log));
+    }
+
+    void shouldWriteACrashLogAndOfferTheReportAtTheNextStart()
+    {
+        QTemporaryDir home;
+        QProcessEnvironment crash;
+        crash.insert("TONEWRIGHT_TEST_CRASH", "start");
+        const Run crashed = runApp(home.path(), -1, crash);
+        QCOMPARE(crashed.exitCode, -1); // ended by its signal
+        QCOMPARE(crashFlagOf(home.path()), true);
+
+        const QString folder = home.path() + "/.local/share/vandrel/tonewright/logs/Tonewright";
+        const QStringList logs =
+            QDir(folder).entryList(QStringList() << "Orvo_*.crash", QDir::Files);
+        QCOMPARE(logs.size(), 1);
+        QVERIFY2(QRegularExpression("^Orvo_\\d{4}-\\d{2}-\\d{2}-\\d{6}\\.crash$")
+                     .match(logs.first())
+                     .hasMatch(),
+                 qPrintable(logs.first()));
+        const QString text = readAll(folder + "/" + logs.first());
+        QVERIFY2(text.contains("Signal: 11 SIGSEGV"), qPrintable(text));
+        QVERIFY(text.contains("Tonewright " TONEWRIGHT_VERSION));
+        const int trace = text.indexOf("Back trace:");
+        QVERIFY(trace > 0);
+        // A real back trace: several frames, this program's among them.
+        QVERIFY2(text.mid(trace).count('\n') >= 5, qPrintable(text));
+        QVERIFY2(text.contains("tst_startup"), qPrintable(text));
+
+        const Run next = runApp(home.path(), 200);
+        QCOMPARE(next.exitCode, 0);
+        QVERIFY2(next.err.contains("Tonewright quitted unexpectedly last time."),
+                 qPrintable(next.err));
+        QCOMPARE(crashFlagOf(home.path()), false);
     }
 };
 
