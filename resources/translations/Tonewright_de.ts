@@ -5,120 +5,527 @@
     <name>CAboutDlg</name>
     <message>
         <source>Version: </source>
-        <translation type="unfinished"></translation>
+        <translation>Version: </translation>
+    </message>
+</context>
+<context>
+    <name>CCrashReportDlg</name>
+    <message>
+        <source>Problem Report for Tonewright</source>
+        <translation>Problembericht für Tonewright</translation>
+    </message>
+    <message>
+        <source>If you found any problem with Tonewright.</source>
+        <translation>Sie haben ein Problem mit Tonewright festgestellt?</translation>
+    </message>
+    <message>
+        <source>Tonewright quitted unexpectedly last time.</source>
+        <translation>Tonewright wurde beim letzten Mal unerwartet beendet.</translation>
+    </message>
+    <message>
+        <source>Please click &amp;quot;Send report&amp;quot; to Email the report to us. </source>
+        <translation>Klicken Sie auf &amp;quot;Bericht senden&amp;quot;, um uns den Bericht per E-Mail zu schicken. </translation>
+    </message>
+    <message>
+        <source>Your report will help Vandrel improve this software. Your personal information will not be included in this report.</source>
+        <translation>Ihr Bericht hilft Vandrel, diese Software zu verbessern. Persönliche Daten sind in diesem Bericht nicht enthalten.</translation>
+    </message>
+    <message>
+        <source>For more product support, visit </source>
+        <translation>Weitere Produktunterstützung finden Sie unter </translation>
+    </message>
+    <message>
+        <source>Send Report</source>
+        <translation>Bericht senden</translation>
+    </message>
+    <message>
+        <source>[Please describe your problem here.]</source>
+        <translation>[Beschreiben Sie hier Ihr Problem.]</translation>
     </message>
 </context>
 <context>
     <name>CFilterEdit</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Artist</source>
-        <translation type="unfinished"></translation>
+        <translation>Interpret</translation>
     </message>
     <message>
         <source>Album</source>
-        <translation type="unfinished"></translation>
+        <translation>Album</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtern</translation>
     </message>
 </context>
 <context>
     <name>CHelloWnd</name>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr erfahren</translation>
     </message>
 </context>
 <context>
     <name>CLibraryModel</name>
     <message>
         <source>ITunes</source>
-        <translation type="unfinished"></translation>
+        <translation>iTunes</translation>
     </message>
     <message>
         <source>Loading library…</source>
-        <translation type="unfinished"></translation>
+        <translation>Mediathek wird geladen…</translation>
     </message>
     <message>
         <source>Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Mediathek</translation>
     </message>
     <message>
         <source>PlayList</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiedergabelisten</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWnd</name>
+    <message>
+        <source>Open File</source>
+        <translation>Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Media Files (*.*)</source>
+        <translation>Mediendateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Preview Selected</source>
+        <translation>Auswahl anhören</translation>
+    </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
+        <translation>Die Auswahl ist %1 Sekunden lang. Telefone akzeptieren keine Klingeltöne mit 40 Sekunden oder mehr.&lt;br&gt;Trotzdem erstellen?</translation>
+    </message>
+    <message>
+        <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
+        <translation>Ein Klingelton namens „%1“ ist bereits in Ihrer Mediathek vorhanden.&lt;br&gt;Ersetzen?</translation>
+    </message>
+    <message>
+        <source>I am creating a ringtone %1 with Tonewright. </source>
+        <translation>Ich erstelle gerade den Klingelton %1 mit Tonewright. </translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italienisch</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Niederländisch</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Portugiesisch</translation>
+    </message>
+    <message>
+        <source>chinese</source>
+        <translation>Chinesisch</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Extras</translation>
+    </message>
+    <message>
+        <source>Frontward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Backward  </source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Show or Hide Music Cover, Video Preview Box</source>
+        <translation>Albumcover und Videovorschau ein- oder ausblenden</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>Dateien öffnen</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom Out</source>
+        <translation>Zeitleiste verkleinern</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom In</source>
+        <translation>Zeitleiste vergrößern</translation>
+    </message>
+    <message>
+        <source>Set as Start Time</source>
+        <translation>Als Startzeit festlegen</translation>
+    </message>
+    <message>
+        <source>Set as End Time</source>
+        <translation>Als Endzeit festlegen</translation>
+    </message>
+    <message>
+        <source>Voice Zoom Out</source>
+        <translation>Lautstärke verringern</translation>
+    </message>
+    <message>
+        <source>Voice Zoom In</source>
+        <translation>Lautstärke erhöhen</translation>
+    </message>
+    <message>
+        <source>Quit Editing</source>
+        <translation>Bearbeitung beenden</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Fade  in</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation>Startzeit</translation>
+    </message>
+    <message>
+        <source>End  Time</source>
+        <translation>Endzeit</translation>
+    </message>
+    <message>
+        <source>Start to Create</source>
+        <translation>Klingelton erstellen</translation>
+    </message>
+    <message>
+        <source>Tweet Your Ringtone</source>
+        <translation>Klingelton twittern</translation>
+    </message>
+    <message>
+        <source>Find us on Facebook</source>
+        <translation>Besuchen Sie uns auf Facebook</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Bring All to Front</source>
+        <translation>Alle nach vorne bringen</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über Tonewright</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Support</translation>
+    </message>
+    <message>
+        <source>Help Topic</source>
+        <translation>Hilfethemen</translation>
+    </message>
+    <message>
+        <source>Crash Report</source>
+        <translation>Absturzbericht</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Facebook</source>
+        <translation>Besuchen Sie uns auf &amp;Facebook</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Twitter</source>
+        <translation>Besuchen Sie uns auf &amp;Twitter</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Clipwell</source>
+        <translation>Vandrel &amp;Clipwell</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Discwell</source>
+        <translation>Vandrel &amp;Discwell</translation>
+    </message>
+    <message>
+        <source>Check &amp;Upgrade</source>
+        <translation>Nach &amp;Updates suchen</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>Tonewright</source>
+        <translation>Tonewright</translation>
+    </message>
+    <message>
+        <source>Network connection failure,&lt;br&gt;please check the validity of the proxy.</source>
+        <translation>Die Netzwerkverbindung ist fehlgeschlagen.&lt;br&gt;Bitte überprüfen Sie die Proxy-Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The url is invalid</source>
+        <translation>Die URL ist ungültig</translation>
+    </message>
+    <message>
+        <source>Sorry, the product information can&apos;t be found.</source>
+        <translation>Die Produktinformationen wurden leider nicht gefunden.</translation>
     </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CNewestDlgClass</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDlgClass</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Proxy</source>
+        <translation>Proxy</translation>
     </message>
 </context>
 <context>
     <name>CPopDlg</name>
     <message>
         <source> </source>
-        <translation type="unfinished"></translation>
+        <translation> </translation>
+    </message>
+</context>
+<context>
+    <name>CProxyOptionWidget</name>
+    <message>
+        <source>Http</source>
+        <translation>HTTP</translation>
+    </message>
+    <message>
+        <source>Socks5</source>
+        <translation>SOCKS5</translation>
+    </message>
+    <message>
+        <source>HttpCaching</source>
+        <translation>HTTP-Caching</translation>
+    </message>
+    <message>
+        <source>FtpCaching</source>
+        <translation>FTP-Caching</translation>
+    </message>
+</context>
+<context>
+    <name>CProxyWidgetClass</name>
+    <message>
+        <source>use proxy</source>
+        <translation>Proxy verwenden</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>Host:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Port:</translation>
+    </message>
+    <message>
+        <source>Proxy Type</source>
+        <translation>Proxy-Typ</translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>PassWord</source>
+        <translation>Passwort</translation>
     </message>
 </context>
 <context>
     <name>CTryAgainDlg</name>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Erneut versuchen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdateOptionWidgetClass</name>
+    <message>
+        <source>Enable automatic update check</source>
+        <translation>Automatisch nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Number of days between update checks</source>
+        <translation>Tage zwischen den Update-Prüfungen</translation>
+    </message>
+    <message>
+        <source>Update every day</source>
+        <translation>Täglich</translation>
+    </message>
+    <message>
+        <source>Update every week</source>
+        <translation>Wöchentlich</translation>
+    </message>
+    <message>
+        <source>Update every month</source>
+        <translation>Monatlich</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeClass</name>
+    <message>
+        <source>Download Now</source>
+        <translation>Jetzt herunterladen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeDlg</name>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;A new version is avaliable now! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;Eine neue Version ist verfügbar! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>What&apos;s new for this version:</source>
+        <translation>Neu in dieser Version:</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Tonewright</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonewright</translation>
     </message>
     <message>
         <source>Copyright © 2010-2026 Vandrel Software. All rights reserved.</source>
-        <translation type="unfinished"></translation>
+        <translation>© 2010-2026 Vandrel Software. Alle Rechte vorbehalten.</translation>
     </message>
     <message>
         <source>&lt;p&gt;Support: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;Support: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Home Page: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;Website: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Please select file in the left list,&lt;br /&gt;Or drag a song or movie file into the window.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Wählen Sie links in der Liste eine Datei aus&lt;br /&gt;oder ziehen Sie ein Lied oder einen Film in das Fenster.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Sorry, the file &amp;quot;%1&amp;quot; is not converted correctly.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Something wrong happened.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Please try again or import another file.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Die Datei &amp;quot;%1&amp;quot; konnte leider nicht korrekt konvertiert werden.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Es ist ein Fehler aufgetreten.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Bitte versuchen Sie es erneut oder importieren Sie eine andere Datei.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;You are using the newest version now!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;Sie verwenden die neueste Version!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
 </context>
 </TS>

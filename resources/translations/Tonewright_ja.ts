@@ -5,120 +5,527 @@
     <name>CAboutDlg</name>
     <message>
         <source>Version: </source>
-        <translation type="unfinished"></translation>
+        <translation>バージョン: </translation>
+    </message>
+</context>
+<context>
+    <name>CCrashReportDlg</name>
+    <message>
+        <source>Problem Report for Tonewright</source>
+        <translation>Tonewright 問題レポート</translation>
+    </message>
+    <message>
+        <source>If you found any problem with Tonewright.</source>
+        <translation>Tonewright で何か問題が見つかりましたか？</translation>
+    </message>
+    <message>
+        <source>Tonewright quitted unexpectedly last time.</source>
+        <translation>前回、Tonewright は予期せず終了しました。</translation>
+    </message>
+    <message>
+        <source>Please click &amp;quot;Send report&amp;quot; to Email the report to us. </source>
+        <translation>&amp;quot;レポートを送信&amp;quot; をクリックすると、レポートがメールで送信されます。</translation>
+    </message>
+    <message>
+        <source>Your report will help Vandrel improve this software. Your personal information will not be included in this report.</source>
+        <translation>レポートは Vandrel がこのソフトウェアを改善するために役立てられます。レポートに個人情報が含まれることはありません。</translation>
+    </message>
+    <message>
+        <source>For more product support, visit </source>
+        <translation>製品サポートの詳細については、次のサイトをご覧ください: </translation>
+    </message>
+    <message>
+        <source>Send Report</source>
+        <translation>レポートを送信</translation>
+    </message>
+    <message>
+        <source>[Please describe your problem here.]</source>
+        <translation>[ここに問題の内容を記入してください。]</translation>
     </message>
 </context>
 <context>
     <name>CFilterEdit</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>すべて</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>タイトル</translation>
     </message>
     <message>
         <source>Artist</source>
-        <translation type="unfinished"></translation>
+        <translation>アーティスト</translation>
     </message>
     <message>
         <source>Album</source>
-        <translation type="unfinished"></translation>
+        <translation>アルバム</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>クリア</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルター</translation>
     </message>
 </context>
 <context>
     <name>CHelloWnd</name>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>詳しく見る</translation>
     </message>
 </context>
 <context>
     <name>CLibraryModel</name>
     <message>
         <source>ITunes</source>
-        <translation type="unfinished"></translation>
+        <translation>iTunes</translation>
     </message>
     <message>
         <source>Loading library…</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリを読み込んでいます…</translation>
     </message>
     <message>
         <source>Library</source>
-        <translation type="unfinished"></translation>
+        <translation>ライブラリ</translation>
     </message>
     <message>
         <source>PlayList</source>
-        <translation type="unfinished"></translation>
+        <translation>プレイリスト</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWnd</name>
+    <message>
+        <source>Open File</source>
+        <translation>ファイルを開く</translation>
+    </message>
+    <message>
+        <source>Media Files (*.*)</source>
+        <translation>メディアファイル (*.*)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Preview Selected</source>
+        <translation>選択範囲を試聴</translation>
+    </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
+        <translation>選択範囲の長さは %1 秒です。40 秒以上の着信音は電話で使用できません。&lt;br&gt;このまま作成しますか？</translation>
+    </message>
+    <message>
+        <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
+        <translation>「%1」という名前の着信音はすでにライブラリにあります。&lt;br&gt;置き換えますか？</translation>
+    </message>
+    <message>
+        <source>I am creating a ringtone %1 with Tonewright. </source>
+        <translation>Tonewright で着信音「%1」を作成しています。 </translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英語</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>フランス語</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>ドイツ語</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>スペイン語</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>イタリア語</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>オランダ語</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>ポルトガル語</translation>
+    </message>
+    <message>
+        <source>chinese</source>
+        <translation>中国語</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>ウィンドウ</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Frontward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>Backward  </source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Show or Hide Music Cover, Video Preview Box</source>
+        <translation>ジャケット写真とビデオプレビューの表示/非表示</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>ファイルを開く</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom Out</source>
+        <translation>タイムラインを縮小</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom In</source>
+        <translation>タイムラインを拡大</translation>
+    </message>
+    <message>
+        <source>Set as Start Time</source>
+        <translation>開始位置に設定</translation>
+    </message>
+    <message>
+        <source>Set as End Time</source>
+        <translation>終了位置に設定</translation>
+    </message>
+    <message>
+        <source>Voice Zoom Out</source>
+        <translation>音量を下げる</translation>
+    </message>
+    <message>
+        <source>Voice Zoom In</source>
+        <translation>音量を上げる</translation>
+    </message>
+    <message>
+        <source>Quit Editing</source>
+        <translation>編集を終了</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>フェードアウト</translation>
+    </message>
+    <message>
+        <source>Fade  in</source>
+        <translation>フェードイン</translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation>開始位置</translation>
+    </message>
+    <message>
+        <source>End  Time</source>
+        <translation>終了位置</translation>
+    </message>
+    <message>
+        <source>Start to Create</source>
+        <translation>着信音を作成</translation>
+    </message>
+    <message>
+        <source>Tweet Your Ringtone</source>
+        <translation>着信音をツイート</translation>
+    </message>
+    <message>
+        <source>Find us on Facebook</source>
+        <translation>Facebook でフォロー</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>名前を付けて保存</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Bring All to Front</source>
+        <translation>すべてを手前に移動</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Tonewright について</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>サポート</translation>
+    </message>
+    <message>
+        <source>Help Topic</source>
+        <translation>ヘルプトピック</translation>
+    </message>
+    <message>
+        <source>Crash Report</source>
+        <translation>クラッシュレポート</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Facebook</source>
+        <translation>Facebook でフォロー(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Twitter</source>
+        <translation>Twitter でフォロー(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Clipwell</source>
+        <translation>Vandrel Clipwell(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Discwell</source>
+        <translation>Vandrel Discwell(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Check &amp;Upgrade</source>
+        <translation>アップデートを確認(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>オプション</translation>
+    </message>
+    <message>
+        <source>Tonewright</source>
+        <translation>Tonewright</translation>
+    </message>
+    <message>
+        <source>Network connection failure,&lt;br&gt;please check the validity of the proxy.</source>
+        <translation>ネットワークに接続できませんでした。&lt;br&gt;プロキシの設定が正しいか確認してください。</translation>
+    </message>
+    <message>
+        <source>The url is invalid</source>
+        <translation>URL が無効です</translation>
+    </message>
+    <message>
+        <source>Sorry, the product information can&apos;t be found.</source>
+        <translation>申し訳ありません。製品情報が見つかりませんでした。</translation>
     </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>名前</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>CNewestDlgClass</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDlgClass</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>Proxy</source>
+        <translation>プロキシ</translation>
     </message>
 </context>
 <context>
     <name>CPopDlg</name>
     <message>
         <source> </source>
-        <translation type="unfinished"></translation>
+        <translation> </translation>
+    </message>
+</context>
+<context>
+    <name>CProxyOptionWidget</name>
+    <message>
+        <source>Http</source>
+        <translation>HTTP</translation>
+    </message>
+    <message>
+        <source>Socks5</source>
+        <translation>SOCKS5</translation>
+    </message>
+    <message>
+        <source>HttpCaching</source>
+        <translation>HTTP キャッシュ</translation>
+    </message>
+    <message>
+        <source>FtpCaching</source>
+        <translation>FTP キャッシュ</translation>
+    </message>
+</context>
+<context>
+    <name>CProxyWidgetClass</name>
+    <message>
+        <source>use proxy</source>
+        <translation>プロキシを使用する</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>ホスト:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>ポート:</translation>
+    </message>
+    <message>
+        <source>Proxy Type</source>
+        <translation>プロキシの種類</translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>ユーザー名</translation>
+    </message>
+    <message>
+        <source>PassWord</source>
+        <translation>パスワード</translation>
     </message>
 </context>
 <context>
     <name>CTryAgainDlg</name>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>再試行</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdateOptionWidgetClass</name>
+    <message>
+        <source>Enable automatic update check</source>
+        <translation>アップデートを自動的に確認する</translation>
+    </message>
+    <message>
+        <source>Number of days between update checks</source>
+        <translation>アップデートを確認する間隔 (日数)</translation>
+    </message>
+    <message>
+        <source>Update every day</source>
+        <translation>毎日</translation>
+    </message>
+    <message>
+        <source>Update every week</source>
+        <translation>毎週</translation>
+    </message>
+    <message>
+        <source>Update every month</source>
+        <translation>毎月</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeClass</name>
+    <message>
+        <source>Download Now</source>
+        <translation>今すぐダウンロード</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeDlg</name>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;A new version is avaliable now! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;新しいバージョンが利用可能です！&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>What&apos;s new for this version:</source>
+        <translation>このバージョンの新機能:</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Tonewright</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonewright</translation>
     </message>
     <message>
         <source>Copyright © 2010-2026 Vandrel Software. All rights reserved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Copyright © 2010-2026 Vandrel Software. 無断転載を禁じます。</translation>
     </message>
     <message>
         <source>&lt;p&gt;Support: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;サポート: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Home Page: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;ホームページ: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Please select file in the left list,&lt;br /&gt;Or drag a song or movie file into the window.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;左のリストからファイルを選択するか、&lt;br /&gt;曲や動画のファイルをウィンドウにドラッグしてください。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Sorry, the file &amp;quot;%1&amp;quot; is not converted correctly.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Something wrong happened.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Please try again or import another file.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;ファイル &amp;quot;%1&amp;quot; を正しく変換できませんでした。&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;申し訳ありません。問題が発生しました。&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;もう一度試すか、別のファイルを読み込んでください。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;You are using the newest version now!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;お使いのバージョンは最新です！&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
 </context>
 </TS>

@@ -5,120 +5,527 @@
     <name>CAboutDlg</name>
     <message>
         <source>Version: </source>
-        <translation type="unfinished"></translation>
+        <translation>Versie: </translation>
+    </message>
+</context>
+<context>
+    <name>CCrashReportDlg</name>
+    <message>
+        <source>Problem Report for Tonewright</source>
+        <translation>Probleemrapport voor Tonewright</translation>
+    </message>
+    <message>
+        <source>If you found any problem with Tonewright.</source>
+        <translation>Heb je een probleem met Tonewright ondervonden?</translation>
+    </message>
+    <message>
+        <source>Tonewright quitted unexpectedly last time.</source>
+        <translation>Tonewright is de vorige keer onverwacht gestopt.</translation>
+    </message>
+    <message>
+        <source>Please click &amp;quot;Send report&amp;quot; to Email the report to us. </source>
+        <translation>Klik op &amp;quot;Rapport versturen&amp;quot; om het rapport naar ons te e-mailen. </translation>
+    </message>
+    <message>
+        <source>Your report will help Vandrel improve this software. Your personal information will not be included in this report.</source>
+        <translation>Met je rapport kan Vandrel deze software verbeteren. Je persoonlijke gegevens worden niet in dit rapport opgenomen.</translation>
+    </message>
+    <message>
+        <source>For more product support, visit </source>
+        <translation>Ga voor meer productondersteuning naar </translation>
+    </message>
+    <message>
+        <source>Send Report</source>
+        <translation>Rapport versturen</translation>
+    </message>
+    <message>
+        <source>[Please describe your problem here.]</source>
+        <translation>[Beschrijf hier je probleem.]</translation>
     </message>
 </context>
 <context>
     <name>CFilterEdit</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Titel</translation>
     </message>
     <message>
         <source>Artist</source>
-        <translation type="unfinished"></translation>
+        <translation>Artiest</translation>
     </message>
     <message>
         <source>Album</source>
-        <translation type="unfinished"></translation>
+        <translation>Album</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>Wissen</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filteren</translation>
     </message>
 </context>
 <context>
     <name>CHelloWnd</name>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>Meer informatie</translation>
     </message>
 </context>
 <context>
     <name>CLibraryModel</name>
     <message>
         <source>ITunes</source>
-        <translation type="unfinished"></translation>
+        <translation>iTunes</translation>
     </message>
     <message>
         <source>Loading library…</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliotheek laden…</translation>
     </message>
     <message>
         <source>Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliotheek</translation>
     </message>
     <message>
         <source>PlayList</source>
-        <translation type="unfinished"></translation>
+        <translation>Afspeellijsten</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWnd</name>
+    <message>
+        <source>Open File</source>
+        <translation>Bestand openen</translation>
+    </message>
+    <message>
+        <source>Media Files (*.*)</source>
+        <translation>Mediabestanden (*.*)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pauze</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Afspelen</translation>
+    </message>
+    <message>
+        <source>Preview Selected</source>
+        <translation>Selectie beluisteren</translation>
+    </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
+        <translation>De selectie is %1 seconden lang. Telefoons weigeren beltonen van 40 seconden of langer.&lt;br&gt;Toch aanmaken?</translation>
+    </message>
+    <message>
+        <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
+        <translation>Er staat al een beltoon met de naam ‘%1’ in je bibliotheek.&lt;br&gt;Vervangen?</translation>
+    </message>
+    <message>
+        <source>I am creating a ringtone %1 with Tonewright. </source>
+        <translation>Ik maak de beltoon %1 met Tonewright. </translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Engels</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Frans</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japans</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Duits</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spaans</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italiaans</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Nederlands</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Portugees</translation>
+    </message>
+    <message>
+        <source>chinese</source>
+        <translation>Chinees</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Bestand</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Venster</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Taal</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Extra</translation>
+    </message>
+    <message>
+        <source>Frontward</source>
+        <translation>Vooruit</translation>
+    </message>
+    <message>
+        <source>Backward  </source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Show or Hide Music Cover, Video Preview Box</source>
+        <translation>Albumhoes en videovoorbeeld tonen of verbergen</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>Bestanden openen</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom Out</source>
+        <translation>Tijdlijn uitzoomen</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom In</source>
+        <translation>Tijdlijn inzoomen</translation>
+    </message>
+    <message>
+        <source>Set as Start Time</source>
+        <translation>Instellen als begintijd</translation>
+    </message>
+    <message>
+        <source>Set as End Time</source>
+        <translation>Instellen als eindtijd</translation>
+    </message>
+    <message>
+        <source>Voice Zoom Out</source>
+        <translation>Volume omlaag</translation>
+    </message>
+    <message>
+        <source>Voice Zoom In</source>
+        <translation>Volume omhoog</translation>
+    </message>
+    <message>
+        <source>Quit Editing</source>
+        <translation>Bewerken beëindigen</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>Uitfaden</translation>
+    </message>
+    <message>
+        <source>Fade  in</source>
+        <translation>Infaden</translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation>Begintijd</translation>
+    </message>
+    <message>
+        <source>End  Time</source>
+        <translation>Eindtijd</translation>
+    </message>
+    <message>
+        <source>Start to Create</source>
+        <translation>Beltoon maken</translation>
+    </message>
+    <message>
+        <source>Tweet Your Ringtone</source>
+        <translation>Tweet je beltoon</translation>
+    </message>
+    <message>
+        <source>Find us on Facebook</source>
+        <translation>Volg ons op Facebook</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Opslaan als</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Openen</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimaliseren</translation>
+    </message>
+    <message>
+        <source>Bring All to Front</source>
+        <translation>Alles naar voren halen</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Over Tonewright</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Ondersteuning</translation>
+    </message>
+    <message>
+        <source>Help Topic</source>
+        <translation>Helponderwerpen</translation>
+    </message>
+    <message>
+        <source>Crash Report</source>
+        <translation>Crashrapport</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Facebook</source>
+        <translation>Volg ons op &amp;Facebook</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Twitter</source>
+        <translation>Volg ons op &amp;Twitter</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Clipwell</source>
+        <translation>Vandrel &amp;Clipwell</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Discwell</source>
+        <translation>Vandrel &amp;Discwell</translation>
+    </message>
+    <message>
+        <source>Check &amp;Upgrade</source>
+        <translation>Zoeken naar &amp;updates</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>Opties</translation>
+    </message>
+    <message>
+        <source>Tonewright</source>
+        <translation>Tonewright</translation>
+    </message>
+    <message>
+        <source>Network connection failure,&lt;br&gt;please check the validity of the proxy.</source>
+        <translation>Netwerkverbinding mislukt.&lt;br&gt;Controleer of de proxy-instellingen geldig zijn.</translation>
+    </message>
+    <message>
+        <source>The url is invalid</source>
+        <translation>De URL is ongeldig</translation>
+    </message>
+    <message>
+        <source>Sorry, the product information can&apos;t be found.</source>
+        <translation>Helaas, de productinformatie kan niet worden gevonden.</translation>
     </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Naam</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>CNewestDlgClass</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDlgClass</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Updates</translation>
+    </message>
+    <message>
+        <source>Proxy</source>
+        <translation>Proxy</translation>
     </message>
 </context>
 <context>
     <name>CPopDlg</name>
     <message>
         <source> </source>
-        <translation type="unfinished"></translation>
+        <translation> </translation>
+    </message>
+</context>
+<context>
+    <name>CProxyOptionWidget</name>
+    <message>
+        <source>Http</source>
+        <translation>HTTP</translation>
+    </message>
+    <message>
+        <source>Socks5</source>
+        <translation>SOCKS5</translation>
+    </message>
+    <message>
+        <source>HttpCaching</source>
+        <translation>HTTP-caching</translation>
+    </message>
+    <message>
+        <source>FtpCaching</source>
+        <translation>FTP-caching</translation>
+    </message>
+</context>
+<context>
+    <name>CProxyWidgetClass</name>
+    <message>
+        <source>use proxy</source>
+        <translation>Proxy gebruiken</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>Host:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Poort:</translation>
+    </message>
+    <message>
+        <source>Proxy Type</source>
+        <translation>Proxytype</translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>Gebruikersnaam</translation>
+    </message>
+    <message>
+        <source>PassWord</source>
+        <translation>Wachtwoord</translation>
     </message>
 </context>
 <context>
     <name>CTryAgainDlg</name>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Opnieuw proberen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdateOptionWidgetClass</name>
+    <message>
+        <source>Enable automatic update check</source>
+        <translation>Automatisch controleren op updates</translation>
+    </message>
+    <message>
+        <source>Number of days between update checks</source>
+        <translation>Aantal dagen tussen updatecontroles</translation>
+    </message>
+    <message>
+        <source>Update every day</source>
+        <translation>Elke dag</translation>
+    </message>
+    <message>
+        <source>Update every week</source>
+        <translation>Elke week</translation>
+    </message>
+    <message>
+        <source>Update every month</source>
+        <translation>Elke maand</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeClass</name>
+    <message>
+        <source>Download Now</source>
+        <translation>Nu downloaden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeDlg</name>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;A new version is avaliable now! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;Er is een nieuwe versie beschikbaar! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>What&apos;s new for this version:</source>
+        <translation>Nieuw in deze versie:</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Tonewright</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonewright</translation>
     </message>
     <message>
         <source>Copyright © 2010-2026 Vandrel Software. All rights reserved.</source>
-        <translation type="unfinished"></translation>
+        <translation>© 2010-2026 Vandrel Software. Alle rechten voorbehouden.</translation>
     </message>
     <message>
         <source>&lt;p&gt;Support: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;Ondersteuning: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Home Page: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;Website: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Please select file in the left list,&lt;br /&gt;Or drag a song or movie file into the window.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Selecteer een bestand in de lijst links&lt;br /&gt;of sleep een nummer of video naar het venster.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Sorry, the file &amp;quot;%1&amp;quot; is not converted correctly.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Something wrong happened.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Please try again or import another file.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Helaas is het bestand &amp;quot;%1&amp;quot; niet correct geconverteerd.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Er is iets misgegaan.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Probeer het opnieuw of importeer een ander bestand.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;You are using the newest version now!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;Je gebruikt al de nieuwste versie!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
 </context>
 </TS>

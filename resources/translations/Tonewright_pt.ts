@@ -5,120 +5,527 @@
     <name>CAboutDlg</name>
     <message>
         <source>Version: </source>
-        <translation type="unfinished"></translation>
+        <translation>Versão: </translation>
+    </message>
+</context>
+<context>
+    <name>CCrashReportDlg</name>
+    <message>
+        <source>Problem Report for Tonewright</source>
+        <translation>Relatório de problemas do Tonewright</translation>
+    </message>
+    <message>
+        <source>If you found any problem with Tonewright.</source>
+        <translation>Encontrou algum problema no Tonewright?</translation>
+    </message>
+    <message>
+        <source>Tonewright quitted unexpectedly last time.</source>
+        <translation>O Tonewright foi encerrado inesperadamente da última vez.</translation>
+    </message>
+    <message>
+        <source>Please click &amp;quot;Send report&amp;quot; to Email the report to us. </source>
+        <translation>Clique em &amp;quot;Enviar relatório&amp;quot; para nos enviar o relatório por e-mail. </translation>
+    </message>
+    <message>
+        <source>Your report will help Vandrel improve this software. Your personal information will not be included in this report.</source>
+        <translation>Seu relatório ajudará a Vandrel a melhorar este software. Suas informações pessoais não serão incluídas neste relatório.</translation>
+    </message>
+    <message>
+        <source>For more product support, visit </source>
+        <translation>Para obter mais suporte ao produto, acesse </translation>
+    </message>
+    <message>
+        <source>Send Report</source>
+        <translation>Enviar relatório</translation>
+    </message>
+    <message>
+        <source>[Please describe your problem here.]</source>
+        <translation>[Descreva seu problema aqui.]</translation>
     </message>
 </context>
 <context>
     <name>CFilterEdit</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Tudo</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>Título</translation>
     </message>
     <message>
         <source>Artist</source>
-        <translation type="unfinished"></translation>
+        <translation>Artista</translation>
     </message>
     <message>
         <source>Album</source>
-        <translation type="unfinished"></translation>
+        <translation>Álbum</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>Limpar</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtrar</translation>
     </message>
 </context>
 <context>
     <name>CHelloWnd</name>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>Saiba mais</translation>
     </message>
 </context>
 <context>
     <name>CLibraryModel</name>
     <message>
         <source>ITunes</source>
-        <translation type="unfinished"></translation>
+        <translation>iTunes</translation>
     </message>
     <message>
         <source>Loading library…</source>
-        <translation type="unfinished"></translation>
+        <translation>Carregando a biblioteca…</translation>
     </message>
     <message>
         <source>Library</source>
-        <translation type="unfinished"></translation>
+        <translation>Biblioteca</translation>
     </message>
     <message>
         <source>PlayList</source>
-        <translation type="unfinished"></translation>
+        <translation>Playlists</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWnd</name>
+    <message>
+        <source>Open File</source>
+        <translation>Abrir arquivo</translation>
+    </message>
+    <message>
+        <source>Media Files (*.*)</source>
+        <translation>Arquivos de mídia (*.*)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausar</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproduzir</translation>
+    </message>
+    <message>
+        <source>Preview Selected</source>
+        <translation>Ouvir a seleção</translation>
+    </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
+        <translation>A seleção tem %1 segundos. Os celulares não aceitam toques de 40 segundos ou mais.&lt;br&gt;Criar mesmo assim?</translation>
+    </message>
+    <message>
+        <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
+        <translation>Já existe um toque chamado “%1” na sua biblioteca.&lt;br&gt;Deseja substituí-lo?</translation>
+    </message>
+    <message>
+        <source>I am creating a ringtone %1 with Tonewright. </source>
+        <translation>Estou criando o toque %1 com o Tonewright. </translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Inglês</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Francês</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japonês</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Alemão</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Espanhol</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italiano</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Holandês</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Português</translation>
+    </message>
+    <message>
+        <source>chinese</source>
+        <translation>Chinês</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Arquivo</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Janela</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Idioma</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ajuda</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Extras</translation>
+    </message>
+    <message>
+        <source>Frontward</source>
+        <translation>Avançar</translation>
+    </message>
+    <message>
+        <source>Backward  </source>
+        <translation>Voltar</translation>
+    </message>
+    <message>
+        <source>Show or Hide Music Cover, Video Preview Box</source>
+        <translation>Mostrar ou ocultar a capa do álbum e a prévia do vídeo</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>Abrir arquivos</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom Out</source>
+        <translation>Diminuir o zoom da linha do tempo</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom In</source>
+        <translation>Aumentar o zoom da linha do tempo</translation>
+    </message>
+    <message>
+        <source>Set as Start Time</source>
+        <translation>Definir como início</translation>
+    </message>
+    <message>
+        <source>Set as End Time</source>
+        <translation>Definir como fim</translation>
+    </message>
+    <message>
+        <source>Voice Zoom Out</source>
+        <translation>Diminuir o volume</translation>
+    </message>
+    <message>
+        <source>Voice Zoom In</source>
+        <translation>Aumentar o volume</translation>
+    </message>
+    <message>
+        <source>Quit Editing</source>
+        <translation>Sair da edição</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>Saída gradual</translation>
+    </message>
+    <message>
+        <source>Fade  in</source>
+        <translation>Entrada gradual</translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation>Início</translation>
+    </message>
+    <message>
+        <source>End  Time</source>
+        <translation>Fim</translation>
+    </message>
+    <message>
+        <source>Start to Create</source>
+        <translation>Criar o toque</translation>
+    </message>
+    <message>
+        <source>Tweet Your Ringtone</source>
+        <translation>Tuitar seu toque</translation>
+    </message>
+    <message>
+        <source>Find us on Facebook</source>
+        <translation>Siga-nos no Facebook</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Salvar como</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>Minimizar</translation>
+    </message>
+    <message>
+        <source>Bring All to Front</source>
+        <translation>Trazer tudo para a frente</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Sobre o Tonewright</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Suporte</translation>
+    </message>
+    <message>
+        <source>Help Topic</source>
+        <translation>Tópicos de ajuda</translation>
+    </message>
+    <message>
+        <source>Crash Report</source>
+        <translation>Relatório de falhas</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Facebook</source>
+        <translation>Siga-nos no &amp;Facebook</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Twitter</source>
+        <translation>Siga-nos no &amp;Twitter</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Clipwell</source>
+        <translation>Vandrel &amp;Clipwell</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Discwell</source>
+        <translation>Vandrel &amp;Discwell</translation>
+    </message>
+    <message>
+        <source>Check &amp;Upgrade</source>
+        <translation>Verificar at&amp;ualizações</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>Opções</translation>
+    </message>
+    <message>
+        <source>Tonewright</source>
+        <translation>Tonewright</translation>
+    </message>
+    <message>
+        <source>Network connection failure,&lt;br&gt;please check the validity of the proxy.</source>
+        <translation>Falha na conexão de rede.&lt;br&gt;Verifique se as configurações do proxy são válidas.</translation>
+    </message>
+    <message>
+        <source>The url is invalid</source>
+        <translation>A URL é inválida</translation>
+    </message>
+    <message>
+        <source>Sorry, the product information can&apos;t be found.</source>
+        <translation>Desculpe, as informações do produto não foram encontradas.</translation>
     </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>Nome</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>CNewestDlgClass</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDlgClass</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Atualizações</translation>
+    </message>
+    <message>
+        <source>Proxy</source>
+        <translation>Proxy</translation>
     </message>
 </context>
 <context>
     <name>CPopDlg</name>
     <message>
         <source> </source>
-        <translation type="unfinished"></translation>
+        <translation> </translation>
+    </message>
+</context>
+<context>
+    <name>CProxyOptionWidget</name>
+    <message>
+        <source>Http</source>
+        <translation>HTTP</translation>
+    </message>
+    <message>
+        <source>Socks5</source>
+        <translation>SOCKS5</translation>
+    </message>
+    <message>
+        <source>HttpCaching</source>
+        <translation>HTTP com cache</translation>
+    </message>
+    <message>
+        <source>FtpCaching</source>
+        <translation>FTP com cache</translation>
+    </message>
+</context>
+<context>
+    <name>CProxyWidgetClass</name>
+    <message>
+        <source>use proxy</source>
+        <translation>Usar proxy</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>Host:</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Porta:</translation>
+    </message>
+    <message>
+        <source>Proxy Type</source>
+        <translation>Tipo de proxy</translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>Nome de usuário</translation>
+    </message>
+    <message>
+        <source>PassWord</source>
+        <translation>Senha</translation>
     </message>
 </context>
 <context>
     <name>CTryAgainDlg</name>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>Tentar novamente</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdateOptionWidgetClass</name>
+    <message>
+        <source>Enable automatic update check</source>
+        <translation>Verificar atualizações automaticamente</translation>
+    </message>
+    <message>
+        <source>Number of days between update checks</source>
+        <translation>Dias entre as verificações de atualização</translation>
+    </message>
+    <message>
+        <source>Update every day</source>
+        <translation>Todos os dias</translation>
+    </message>
+    <message>
+        <source>Update every week</source>
+        <translation>Toda semana</translation>
+    </message>
+    <message>
+        <source>Update every month</source>
+        <translation>Todo mês</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeClass</name>
+    <message>
+        <source>Download Now</source>
+        <translation>Baixar agora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeDlg</name>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;A new version is avaliable now! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;Uma nova versão está disponível! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>What&apos;s new for this version:</source>
+        <translation>Novidades desta versão:</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Tonewright</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonewright</translation>
     </message>
     <message>
         <source>Copyright © 2010-2026 Vandrel Software. All rights reserved.</source>
-        <translation type="unfinished"></translation>
+        <translation>© 2010-2026 Vandrel Software. Todos os direitos reservados.</translation>
     </message>
     <message>
         <source>&lt;p&gt;Support: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;Suporte: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Home Page: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;Site: %1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Please select file in the left list,&lt;br /&gt;Or drag a song or movie file into the window.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Selecione um arquivo na lista à esquerda&lt;br /&gt;ou arraste uma música ou um vídeo para a janela.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Sorry, the file &amp;quot;%1&amp;quot; is not converted correctly.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Something wrong happened.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Please try again or import another file.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Desculpe, o arquivo &amp;quot;%1&amp;quot; não foi convertido corretamente.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Algo deu errado.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Tente novamente ou importe outro arquivo.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;You are using the newest version now!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;Você está usando a versão mais recente!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
 </context>
 </TS>

@@ -5,120 +5,527 @@
     <name>CAboutDlg</name>
     <message>
         <source>Version: </source>
-        <translation type="unfinished"></translation>
+        <translation>版本：</translation>
+    </message>
+</context>
+<context>
+    <name>CCrashReportDlg</name>
+    <message>
+        <source>Problem Report for Tonewright</source>
+        <translation>Tonewright 问题报告</translation>
+    </message>
+    <message>
+        <source>If you found any problem with Tonewright.</source>
+        <translation>在使用 Tonewright 时遇到问题了吗？</translation>
+    </message>
+    <message>
+        <source>Tonewright quitted unexpectedly last time.</source>
+        <translation>Tonewright 上次意外退出。</translation>
+    </message>
+    <message>
+        <source>Please click &amp;quot;Send report&amp;quot; to Email the report to us. </source>
+        <translation>请点击&amp;quot;发送报告&amp;quot;，通过电子邮件将报告发送给我们。</translation>
+    </message>
+    <message>
+        <source>Your report will help Vandrel improve this software. Your personal information will not be included in this report.</source>
+        <translation>您的报告将帮助 Vandrel 改进本软件。报告中不会包含您的个人信息。</translation>
+    </message>
+    <message>
+        <source>For more product support, visit </source>
+        <translation>如需更多产品支持，请访问 </translation>
+    </message>
+    <message>
+        <source>Send Report</source>
+        <translation>发送报告</translation>
+    </message>
+    <message>
+        <source>[Please describe your problem here.]</source>
+        <translation>[请在此描述您遇到的问题。]</translation>
     </message>
 </context>
 <context>
     <name>CFilterEdit</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部</translation>
     </message>
     <message>
         <source>Title</source>
-        <translation type="unfinished"></translation>
+        <translation>标题</translation>
     </message>
     <message>
         <source>Artist</source>
-        <translation type="unfinished"></translation>
+        <translation>艺人</translation>
     </message>
     <message>
         <source>Album</source>
-        <translation type="unfinished"></translation>
+        <translation>专辑</translation>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>清除</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>筛选</translation>
     </message>
 </context>
 <context>
     <name>CHelloWnd</name>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>了解更多</translation>
     </message>
 </context>
 <context>
     <name>CLibraryModel</name>
     <message>
         <source>ITunes</source>
-        <translation type="unfinished"></translation>
+        <translation>iTunes</translation>
     </message>
     <message>
         <source>Loading library…</source>
-        <translation type="unfinished"></translation>
+        <translation>正在载入资料库…</translation>
     </message>
     <message>
         <source>Library</source>
-        <translation type="unfinished"></translation>
+        <translation>资料库</translation>
     </message>
     <message>
         <source>PlayList</source>
-        <translation type="unfinished"></translation>
+        <translation>播放列表</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWnd</name>
+    <message>
+        <source>Open File</source>
+        <translation>打开文件</translation>
+    </message>
+    <message>
+        <source>Media Files (*.*)</source>
+        <translation>媒体文件 (*.*)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Preview Selected</source>
+        <translation>试听所选部分</translation>
+    </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
+        <translation>所选片段长 %1 秒。手机不支持 40 秒或更长的铃声。&lt;br&gt;仍要创建吗？</translation>
+    </message>
+    <message>
+        <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
+        <translation>资料库中已有名为“%1”的铃声。&lt;br&gt;要替换吗？</translation>
+    </message>
+    <message>
+        <source>I am creating a ringtone %1 with Tonewright. </source>
+        <translation>我正在用 Tonewright 制作铃声“%1”。 </translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>法语</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日语</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>德语</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>西班牙语</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>意大利语</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>荷兰语</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>葡萄牙语</translation>
+    </message>
+    <message>
+        <source>chinese</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>Ctrl+A</source>
+        <translation>Ctrl+A</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>Frontward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>Backward  </source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Show or Hide Music Cover, Video Preview Box</source>
+        <translation>显示或隐藏音乐封面和视频预览框</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>打开文件</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom Out</source>
+        <translation>缩小时间轴</translation>
+    </message>
+    <message>
+        <source>Timeline Zoom In</source>
+        <translation>放大时间轴</translation>
+    </message>
+    <message>
+        <source>Set as Start Time</source>
+        <translation>设为开始时间</translation>
+    </message>
+    <message>
+        <source>Set as End Time</source>
+        <translation>设为结束时间</translation>
+    </message>
+    <message>
+        <source>Voice Zoom Out</source>
+        <translation>降低音量</translation>
+    </message>
+    <message>
+        <source>Voice Zoom In</source>
+        <translation>提高音量</translation>
+    </message>
+    <message>
+        <source>Quit Editing</source>
+        <translation>退出编辑</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>淡出</translation>
+    </message>
+    <message>
+        <source>Fade  in</source>
+        <translation>淡入</translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation>开始时间</translation>
+    </message>
+    <message>
+        <source>End  Time</source>
+        <translation>结束时间</translation>
+    </message>
+    <message>
+        <source>Start to Create</source>
+        <translation>开始制作</translation>
+    </message>
+    <message>
+        <source>Tweet Your Ringtone</source>
+        <translation>发推分享您的铃声</translation>
+    </message>
+    <message>
+        <source>Find us on Facebook</source>
+        <translation>在 Facebook 上关注我们</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>另存为</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Bring All to Front</source>
+        <translation>前置全部窗口</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于 Tonewright</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>技术支持</translation>
+    </message>
+    <message>
+        <source>Help Topic</source>
+        <translation>帮助主题</translation>
+    </message>
+    <message>
+        <source>Crash Report</source>
+        <translation>崩溃报告</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Facebook</source>
+        <translation>在 Facebook 上关注我们(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Find us on &amp;Twitter</source>
+        <translation>在 Twitter 上关注我们(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Clipwell</source>
+        <translation>Vandrel Clipwell(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Vandrel &amp;Discwell</source>
+        <translation>Vandrel Discwell(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Check &amp;Upgrade</source>
+        <translation>检查更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Option</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>Tonewright</source>
+        <translation>Tonewright</translation>
+    </message>
+    <message>
+        <source>Network connection failure,&lt;br&gt;please check the validity of the proxy.</source>
+        <translation>网络连接失败，&lt;br&gt;请检查代理设置是否有效。</translation>
+    </message>
+    <message>
+        <source>The url is invalid</source>
+        <translation>URL 无效</translation>
+    </message>
+    <message>
+        <source>Sorry, the product information can&apos;t be found.</source>
+        <translation>抱歉，找不到产品信息。</translation>
     </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
     <message>
         <source>Save as</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation type="unfinished"></translation>
+        <translation>确定</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>CNewestDlgClass</name>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDlgClass</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Proxy</source>
+        <translation>代理</translation>
     </message>
 </context>
 <context>
     <name>CPopDlg</name>
     <message>
         <source> </source>
-        <translation type="unfinished"></translation>
+        <translation> </translation>
+    </message>
+</context>
+<context>
+    <name>CProxyOptionWidget</name>
+    <message>
+        <source>Http</source>
+        <translation>HTTP</translation>
+    </message>
+    <message>
+        <source>Socks5</source>
+        <translation>SOCKS5</translation>
+    </message>
+    <message>
+        <source>HttpCaching</source>
+        <translation>HTTP 缓存</translation>
+    </message>
+    <message>
+        <source>FtpCaching</source>
+        <translation>FTP 缓存</translation>
+    </message>
+</context>
+<context>
+    <name>CProxyWidgetClass</name>
+    <message>
+        <source>use proxy</source>
+        <translation>使用代理</translation>
+    </message>
+    <message>
+        <source>Host:</source>
+        <translation>主机：</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>端口：</translation>
+    </message>
+    <message>
+        <source>Proxy Type</source>
+        <translation>代理类型</translation>
+    </message>
+    <message>
+        <source>UserName</source>
+        <translation>用户名</translation>
+    </message>
+    <message>
+        <source>PassWord</source>
+        <translation>密码</translation>
     </message>
 </context>
 <context>
     <name>CTryAgainDlg</name>
     <message>
         <source>Try again</source>
-        <translation type="unfinished"></translation>
+        <translation>重试</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdateOptionWidgetClass</name>
+    <message>
+        <source>Enable automatic update check</source>
+        <translation>启用自动检查更新</translation>
+    </message>
+    <message>
+        <source>Number of days between update checks</source>
+        <translation>检查更新的间隔天数</translation>
+    </message>
+    <message>
+        <source>Update every day</source>
+        <translation>每天</translation>
+    </message>
+    <message>
+        <source>Update every week</source>
+        <translation>每周</translation>
+    </message>
+    <message>
+        <source>Update every month</source>
+        <translation>每月</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeClass</name>
+    <message>
+        <source>Download Now</source>
+        <translation>立即下载</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>CUpgradeDlg</name>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;A new version is avaliable now! &lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin-top:12px; margin-bottom:12px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;有新版本可用！&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>What&apos;s new for this version:</source>
+        <translation>此版本的新功能：</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Tonewright</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonewright</translation>
     </message>
     <message>
         <source>Copyright © 2010-2026 Vandrel Software. All rights reserved.</source>
-        <translation type="unfinished"></translation>
+        <translation>版权所有 © 2010-2026 Vandrel Software。保留所有权利。</translation>
     </message>
     <message>
         <source>&lt;p&gt;Support: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;技术支持：%1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p&gt;Home Page: %1&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;p&gt;主页：%1&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;Please select file in the left list,&lt;br /&gt;Or drag a song or movie file into the window.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;head&gt;&lt;style type=&quot;text/css&quot;&gt;body { font-family: Arial; font-size: 12px; color: #333; }&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p align=&quot;left&quot; style=&quot;font-family: Verdana, Geneva, sans-serif; font-weight: bold; color: #626567; text-shadow: 1px 1px 2px #fff;&quot;&gt;请在左侧列表中选择文件，&lt;br /&gt;或将歌曲或影片文件拖入窗口。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Sorry, the file &amp;quot;%1&amp;quot; is not converted correctly.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Something wrong happened.&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;Please try again or import another file.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;抱歉，文件&amp;quot;%1&amp;quot;未能正确转换。&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;出现了问题。&lt;/p&gt;&lt;p style=&quot;margin:0px;&quot;&gt;请重试或导入其他文件。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;You are using the newest version now!&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation>&lt;html&gt;&lt;body&gt;&lt;p style=&quot;margin:0px;&quot;&gt;&lt;span style=&quot;font-weight:600;&quot;&gt;您使用的已是最新版本！&lt;/span&gt;&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
 </context>
 </TS>
