@@ -9,6 +9,7 @@
 #include "smtpserver.h"
 #include "testenv.h"
 #include "ui/mainwnd.h"
+#include "urlcatcher.h"
 
 #include <QAction>
 #include <QApplication>
@@ -64,33 +65,15 @@ QString newestPack()
 
 } // namespace
 
-// Catches the addresses the program hands to the desktop.
-class UrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    QList<QUrl> urls;
-
-public slots:
-    void open(const QUrl& url) { urls << url; }
-};
-
 class TestCrashReportDlg : public QObject
 {
     Q_OBJECT
 
 private:
-    UrlCatcher m_catcher;
+    tw::UrlCatcher m_catcher{"mailto"};
 
 private slots:
-    void initTestCase()
-    {
-        QDesktopServices::setUrlHandler("mailto", &m_catcher, "open");
-        describeProgramForReports();
-    }
-
-    void cleanupTestCase() { QDesktopServices::unsetUrlHandler("mailto"); }
+    void initTestCase() { describeProgramForReports(); }
 
     void init()
     {

@@ -1,0 +1,275 @@
+// The main window's assembly and navigation, driven through its widgets:
+// the pages at start, clicks in the library tree and the song list, back and
+// forward, searches on the tree page and on the list page, imports that work
+// and imports that fail (with the try-again dialog), the preview pane's
+// button, and Escape.
+
+#include "editor/wavewnd.h"
+#include "engine/previewwnd.h"
+#include "library/filteredit.h"
+#include "mainwndfixture.h"
+#include "mediafixtures.h"
+#include "modalanswer.h"
+#include "testenv.h"
+#include "tests/library/libraryfixture.h"
+#include "ui/tickerlabel.h"
+
+#include <QLabel>
+#include <QListView>
+#include <QSignalSpy>
+#include <QTextDocumentFragment>
+#include <QToolButton>
+#include <QTreeView>
+
+class TestMainWnd : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    lib::Library m_library;
+    std::unique_ptr<CMainWnd> m_wnd;
+
+    QTreeView* tree() const { return m_wnd->findChild<QTreeView*>("libraryTree"); }
+    QListView* list() const { return m_wnd->findChild<QListView*>("ringtongList"); }
+    QToolButton* button(const char* name) const { return m_wnd->findChild<QToolButton*>(name); }
+    // Types into the search box and waits for the search it sends.
+    void search(const QString& text)
+    {
+        auto* box = m_wnd->findChild<CFilterEdit*>("filterEdit");
+        QSignalSpy sent(box, &CFilterEdit::search);
+        box->setFocus();
+        box->selectAll();
+        if (text.isEmpty())
+            QTest::keyClick(box, Qt::Key_Backspace);
+        else
+            QTest::keyClicks(box, text);
+        QVERIFY(sent.wait(5000));
+        QCOMPARE(sent.last().at(0).toString(), text);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        m_library = lib::makeLibrary(m_dir);
+        // Long enough for the editor (the library's own is half a second).
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", "sine=frequency=440:duration=6", "-c:a",
+                            "libmp3lame", "-b:a", "64k", m_library.coveredSong}));
+        QVERIFY(fx::addPicture(m_library.coveredSong, m_library.cover, "image/jpeg"));
+    }
+
+    void init()
+    {
+        m_wnd = std::make_unique<CMainWnd>();
+        m_wnd->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_wnd.get()));
+    }
+
+    void cleanup() { m_wnd.reset(); }
+
+    void shouldStartOnTheWelcomeAndTreePages()
+    {
+        CMainWnd& wnd = *m_wnd;
+        QCOMPARE(wnd.objectName(), QString("MainWnd"));
+        for (const char* name :
+             {"itunes", "filterEdit", "libraryTree", "ringtongList", "previewWnd", "helloWidget",
+              "mainFrame", "progressWidget", "waveWnd", "itunestool", "navigationSpacer",
+              "navigation", "backBtn", "forwardBtn", "showVideoButton", "openFileButton"})
+            QVERIFY2(wnd.findChild<QWidget*>(name), name);
+        QCOMPARE(mw::mainPage(wnd), 0);
+        QVERIFY(tree()->isVisible());
+        QVERIFY(!list()->isVisible());
+        QVERIFY(!button("backBtn")->isEnabled());
+        QVERIFY(!button("forwardBtn")->isEnabled());
+        QVERIFY(!wnd.findChild<CPreviewWnd*>("previewWnd")->isVisible());
+        QVERIFY(button("showVideoButton")->isCheckable());
+        QVERIFY(!button("showVideoButton")->isChecked());
+        QVERIFY(button("openFileButton")->isEnabled());
+        QCOMPARE(wnd.minimumSize(), QSize(897, 477));
+        QCOMPARE(wnd.maximumSize(), QSize(897, 477));
+        QCOMPARE(wnd.size(), QSize(897, 477));
+        QVERIFY(!wnd.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        QCOMPARE(wnd.focusPolicy(), Qt::ClickFocus);
+        for (const char* name : {"aboutDlg", "upgradeDlg", "newestDlg", "optionDlg"}) {
+            auto* dlg = wnd.findChild<QDialog*>(name);
+            QVERIFY2(dlg, name);
+            QVERIFY(!dlg->isVisible());
+            QCOMPARE(dlg->parentWidget(), &wnd);
+        }
+        // The tree: groups open, no keyboard focus, nothing to fold.
+        QCOMPARE(mw::rows(tree()), QStringList({"Library", "PlayList"}));
+        QVERIFY(tree()->isExpanded(mw::findRow(tree(), "Library")));
+        QVERIFY(tree()->isExpanded(mw::findRow(tree(), "PlayList")));
+        QVERIFY(!tree()->rootIsDecorated());
+        QCOMPARE(tree()->focusPolicy(), Qt::NoFocus);
+        QCOMPARE(list()->focusPolicy(), Qt::NoFocus);
+        QCOMPARE(tree()->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QVERIFY(mw::findRow(tree(), "Music").isValid());
+        QVERIFY(mw::findRow(tree(), "Road Trip").isValid());
+    }
+
+    void shouldIgnoreAClickOnAGroupCaption()
+    {
+        QVERIFY(mw::clickRow(tree(), "Library"));
+        QVERIFY(tree()->isVisible());
+        QVERIFY(!list()->isVisible());
+        QVERIFY(!button("backBtn")->isEnabled());
+        QVERIFY(!button("forwardBtn")->isEnabled());
+        QCOMPARE(list()->model()->rowCount(), 0);
+    }
+
+    void shouldShowAPlaylistsSongsWhenClicked()
+    {
+        QVERIFY(mw::clickRow(tree(), "Music"));
+        QVERIFY(list()->isVisible());
+        QVERIFY(!tree()->isVisible());
+        QVERIFY(button("backBtn")->isEnabled());
+        QVERIFY(!button("forwardBtn")->isEnabled());
+        // Sorted by title, case-insensitively.
+        QCOMPARE(mw::rows(list()), QStringList({"Beat It", "Here Comes the Sun", "No Artist",
+                                                "Something", "Yesterday"}));
+    }
+
+    void shouldGoBackAndForwardBetweenTreeAndList()
+    {
+        QVERIFY(mw::clickRow(tree(), "Road Trip"));
+        button("backBtn")->click();
+        QVERIFY(tree()->isVisible());
+        QVERIFY(!button("backBtn")->isEnabled());
+        // The tree's current node is a playlist: forward leads back to it.
+        QVERIFY(button("forwardBtn")->isEnabled());
+        button("forwardBtn")->click();
+        QVERIFY(list()->isVisible());
+        QCOMPARE(mw::rows(list()), QStringList({"Beat It", "Yesterday"}));
+        QVERIFY(button("backBtn")->isEnabled());
+        QVERIFY(!button("forwardBtn")->isEnabled());
+
+        // Back and forward leave the tree page flag set: a search now runs
+        // over the whole library, not just the list.
+        search("Clip");
+        QVERIFY(list()->isVisible());
+        QCOMPARE(mw::rows(list()), QStringList({"Clip"}));
+    }
+
+    void shouldSearchTheWholeLibraryFromTheTreePage()
+    {
+        search("abbey");
+        QVERIFY(list()->isVisible());
+        QVERIFY(button("backBtn")->isEnabled());
+        QCOMPARE(mw::rows(list()), QStringList({"Here Comes the Sun", "Something"}));
+        // Clearing the text on the tree page returns to the tree.
+        search(QString());
+        QVERIFY(tree()->isVisible());
+        QVERIFY(!list()->isVisible());
+    }
+
+    void shouldOnlyFilterTheListAfterAPlaylistClick()
+    {
+        QVERIFY(mw::clickRow(tree(), "Music"));
+        search("thriller");
+        QCOMPARE(mw::rows(list()), QStringList({"Beat It"}));
+        // Not in this playlist: no library-wide search from the list page.
+        search("Clip");
+        QVERIFY(list()->isVisible());
+        QCOMPARE(mw::rows(list()), QStringList());
+        // Clearing keeps the list and lifts the filter.
+        search(QString());
+        QVERIFY(list()->isVisible());
+        QCOMPARE(list()->model()->rowCount(), 5);
+    }
+
+    void shouldOfferToTryAgainAndRepeatTheImportWithTheSameRecord()
+    {
+        QVERIFY(mw::clickRow(tree(), "Music"));
+        tw::ModalAnswer answers;
+        QStringList messages;
+        auto readAndThen = [&messages](tw::ModalAnswer::Answer next) {
+            return [&messages, next](QWidget* modal) {
+                const auto labels = modal->findChildren<QLabel*>();
+                for (QLabel* label : labels)
+                    if (label->text().contains("not converted"))
+                        messages << QTextDocumentFragment::fromHtml(label->text()).toPlainText();
+                next(modal);
+            };
+        };
+        answers.then(readAndThen(tw::ModalAnswer::click("okBtn")));     // try again
+        answers.then(readAndThen(tw::ModalAnswer::click("cancelBtn"))); // give up
+        // Its file is not on disk: the import fails.
+        QVERIFY(mw::clickRow(list(), "Something"));
+        QCOMPARE(answers.seen, QStringList({"CTryAgainDlg", "CTryAgainDlg"}));
+        QCOMPARE(messages.size(), 2);
+        for (const QString& m : messages)
+            QVERIFY2(m.startsWith("Sorry, the file \"Something\" is not converted correctly."),
+                     qPrintable(m));
+        QCOMPARE(m_wnd->currentSong().strTitle, QString("Something"));
+        QCOMPARE(mw::mainPage(*m_wnd), 0); // given up: the welcome pane
+    }
+
+    void shouldOpenASongClickedInTheList()
+    {
+        // In "Road Trip" the list's order is the playlist's own.
+        QVERIFY(mw::clickRow(tree(), "Road Trip"));
+        QVERIFY(mw::clickRow(list(), "Yesterday"));
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(m_wnd->currentSong().strPath, m_library.coveredSong);
+        QCOMPARE(m_wnd->findChild<CTickerLabel*>("titleLabel")->text(), QString("Yesterday"));
+        // The album picture was asked for on the way.
+        const CRingToneNode& shown = m_wnd->findChild<CPreviewWnd*>("previewWnd")->node();
+        QVERIFY(!shown.pixAlbum.isNull());
+        QCOMPARE(shown.pixAlbum.size(), QSize(40, 30));
+    }
+
+    void shouldAskForThePictureAtTheRowTheListShows()
+    {
+        // Sorted by title, "Yesterday" is the fifth row of "Music", whose
+        // fifth song in the playlist's own order has no picture: the row is
+        // passed as the list shows it, not mapped back.
+        QVERIFY(mw::clickRow(tree(), "Music"));
+        QVERIFY(mw::clickRow(list(), "Yesterday"));
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(m_wnd->currentSong().strPath, m_library.coveredSong);
+        QVERIFY(m_wnd->findChild<CPreviewWnd*>("previewWnd")->node().pixAlbum.isNull());
+    }
+
+    void shouldOpenAFileAsADropOrTheOpenDialogWould()
+    {
+        const QString song = tw::mp3Fixture(12);
+        QVERIFY(!song.isEmpty());
+        m_wnd->importWave(song);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(m_wnd->currentSong().strPath, song);
+        QCOMPARE(m_wnd->currentSong().bLocalFile, 1);
+        QVERIFY(m_wnd->currentSong().pixAlbum.isNull());
+        QVERIFY(!m_wnd->findChild<CPreviewWnd*>("previewWnd")->isVisible());
+
+        // A video brings the preview pane out.
+        const QString video = tw::mp4AvFixture(3);
+        m_wnd->importWave(video);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QVERIFY(m_wnd->findChild<CPreviewWnd*>("previewWnd")->isVisible());
+        QVERIFY(button("showVideoButton")->isChecked());
+    }
+
+    void shouldToggleThePreviewPaneWithItsButton()
+    {
+        auto* pane = m_wnd->findChild<CPreviewWnd*>("previewWnd");
+        button("showVideoButton")->click();
+        QVERIFY(pane->isVisible());
+        QVERIFY(button("showVideoButton")->isChecked());
+        button("showVideoButton")->click();
+        QVERIFY(!pane->isVisible());
+        QVERIFY(!button("showVideoButton")->isChecked());
+    }
+
+    void shouldCloseOnEscape()
+    {
+        QSignalSpy rejected(m_wnd.get(), &QDialog::rejected);
+        QTest::keyClick(m_wnd.get(), Qt::Key_Escape);
+        QCOMPARE(rejected.count(), 1);
+        QVERIFY(!m_wnd->isVisible());
+    }
+};
+
+TW_TEST_MAIN(TestMainWnd)
+#include "tst_mainwnd.moc"

@@ -1,0 +1,408 @@
+// The rows around the editor, driven through their widgets: the state
+// before a file, what opening a song sets, the time fields in both
+// directions, the selection length, fades, zoom and volume, the play and
+// preview buttons, closing, and "Start to Create" — the name, the safe file
+// name, the question before replacing a ringtone, the 40-second warning, a
+// cancelled name, a failed export with its try-again, the sharing link.
+
+#include "editor/wavemodel.h"
+#include "editor/waveplayback.h"
+#include "editor/wavewnd.h"
+#include "engine/platformfolders.h"
+#include "engine/timeconvert.h"
+#include "library/ItunesWrap.h"
+#include "mainwndfixture.h"
+#include "mediafixtures.h"
+#include "modalanswer.h"
+#include "testenv.h"
+#include "tests/library/libraryfixture.h"
+#include "ui/tickerlabel.h"
+#include "urlcatcher.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTimeEdit>
+#include <QToolButton>
+#include <QUrlQuery>
+
+namespace {
+
+QTime at(long ms)
+{
+    return CTimeConvert::longToTime(ms);
+}
+
+// Types a name into the name dialog and presses its OK button.
+tw::ModalAnswer::Answer typeName(const QString& name)
+{
+    return [name](QWidget* modal) {
+        auto* edit = modal->findChild<QLineEdit*>("lineEdit");
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        modal->findChild<QPushButton*>("okBtn")->click();
+    };
+}
+
+} // namespace
+
+class TestMainWndControls : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    std::unique_ptr<CMainWnd> m_wnd;
+    QString m_song; // 60 s
+
+    template <typename T> T* get(const char* name) const
+    {
+        T* w = m_wnd->findChild<T*>(name);
+        if (!w)
+            qFatal("no %s", name);
+        return w;
+    }
+    CWaveWnd* editor() const { return m_wnd->waveWnd(); }
+    long long ms(QTime t) const { return CTimeConvert::timeToLong(t); }
+    QString ringtoneDir() const { return CItunesWraper::instance()->ringtoneDir(); }
+    void openSong()
+    {
+        m_wnd->importWave(m_song);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+    }
+    // A selection the phones take: 0:10 to 0:40.
+    void selectThirtySeconds()
+    {
+        editor()->setBeginTime(at(10000));
+        editor()->setEndTime(at(40000));
+        QCOMPARE(ms(editor()->getEndTime()) - ms(editor()->getBeginTime()), 30000LL);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        lib::makeLibrary(m_dir);
+        m_song = tw::mp3Fixture(60);
+        QVERIFY(!m_song.isEmpty());
+    }
+
+    void init()
+    {
+        m_wnd = std::make_unique<CMainWnd>();
+        m_wnd->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_wnd.get()));
+    }
+
+    void cleanup()
+    {
+        m_wnd.reset();
+        QDir(ringtoneDir()).removeRecursively();
+        QDir cache(programCacheDir());
+        for (const QString& name : cache.entryList(QStringList() << "*.m4r", QDir::Files))
+            cache.remove(name);
+    }
+
+    void shouldWaitWithDefaultsBeforeAFileOpens()
+    {
+        QVERIFY(!get<QCheckBox>("fadeInCheckBox")->isChecked());
+        QVERIFY(!get<QCheckBox>("fadeOutCheckBox")->isChecked());
+        QCOMPARE(get<QCheckBox>("fadeInCheckBox")->text(), QString("Fade  in"));
+        QCOMPARE(get<QCheckBox>("fadeOutCheckBox")->text(), QString("Fade out"));
+        for (const char* name : {"fadeInSpinBox", "fadeOutSpinBox"}) {
+            QCOMPARE(get<QSpinBox>(name)->value(), 5);
+            QVERIFY(!get<QSpinBox>(name)->isEnabled());
+        }
+        QCOMPARE(get<QTimeEdit>("beginTime")->time(), QTime(0, 0));
+        QCOMPARE(get<QTimeEdit>("endTime")->time(), QTime(0, 0));
+        QCOMPARE(get<QTimeEdit>("beginTime")->displayFormat(), QString("h:mm:ss"));
+        QCOMPARE(get<QTimeEdit>("endTime")->currentSection(), QDateTimeEdit::SecondSection);
+        QCOMPARE(get<QLabel>("beginLabel")->text(), QString("Start Time"));
+        QCOMPARE(get<QLabel>("endLabel")->text(), QString("End  Time"));
+        QCOMPARE(get<QSlider>("volumeSlider")->value(), 100);
+        QCOMPARE(get<QSlider>("volumeSlider")->maximum(), 256);
+        QCOMPARE(get<QSlider>("zoomSlider")->singleStep(), 5);
+        QCOMPARE(get<QLabel>("playTimeLabel")->text(), QString("00:00:00/00:00:00"));
+        QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("0"));
+        QVERIFY(get<QPushButton>("playBtn")->isCheckable());
+        QVERIFY(get<QPushButton>("previewBtn")->isCheckable());
+        QCOMPARE(get<QPushButton>("startbtn")->text(), QString());
+        QCOMPARE(get<QPushButton>("startbtn")->toolTip(), QString("Start to Create"));
+        QCOMPARE(get<QPushButton>("closeBtn")->toolTip(), QString("Quit Editing"));
+        QCOMPARE(get<QToolButton>("twitter")->toolTip(), QString("Tweet Your Ringtone"));
+        QCOMPARE(get<QToolButton>("facebook")->toolTip(), QString("Find us on Facebook"));
+    }
+
+    void shouldSetTheRowsWhenASongOpens()
+    {
+        openSong();
+        QCOMPARE(get<CTickerLabel>("titleLabel")->text(), QFileInfo(m_song).completeBaseName());
+        QVERIFY(!get<QLabel>("picLabel")->pixmap().isNull());
+        QCOMPARE(get<QTimeEdit>("beginTime")->time(), QTime(0, 0));
+        QCOMPARE(get<QTimeEdit>("endTime")->time(), at(40000));
+        QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("40s"));
+        // The start stays 5 s before the end; the end 5 s after the start.
+        QCOMPARE(get<QTimeEdit>("beginTime")->maximumTime(), at(35000));
+        QCOMPARE(get<QTimeEdit>("endTime")->minimumTime(), at(5000));
+        QCOMPARE(get<QTimeEdit>("endTime")->maximumTime(), editor()->getMaxTime());
+        QCOMPARE(get<QSlider>("zoomSlider")->value(), 10);
+        QCOMPARE(get<QSlider>("zoomSlider")->maximum(), 50);
+        QCOMPARE(get<QSlider>("zoomSlider")->minimum(), int(editor()->getMinZoom() * 10));
+        QCOMPARE(get<QSpinBox>("fadeInSpinBox")->maximum(), int(ms(editor()->getMaxTime())));
+        QCOMPARE(get<QSpinBox>("fadeInSpinBox")->value(), 5);
+        QCOMPARE(get<QLabel>("playTimeLabel")->text(), QString("00:00:00/00:01:00"));
+    }
+
+    void shouldShowTheSelectionLengthInWholeSeconds()
+    {
+        openSong();
+        m_wnd->selectchange(at(10000), at(40000));
+        QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("30s"));
+        // Each end truncated to seconds before the difference: 40 - 10.
+        m_wnd->selectchange(at(10900), at(40100));
+        QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("30s"));
+    }
+
+    void shouldMoveTheEditorFromTheTimeFields()
+    {
+        openSong();
+        get<QTimeEdit>("endTime")->setTime(at(50000));
+        QCOMPARE(editor()->getEndTime(), at(50000));
+        QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("50s"));
+        // A later start drags the end along (the editor keeps the length),
+        // up to the song's end.
+        get<QTimeEdit>("beginTime")->setTime(at(20000));
+        QCOMPARE(editor()->getBeginTime(), at(20000));
+        QCOMPARE(editor()->getEndTime(), at(60000));
+        QCOMPARE(get<QTimeEdit>("endTime")->time(), at(60000));
+        QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("40s"));
+        // The start field cannot come closer than 5 s to the end.
+        QCOMPARE(get<QTimeEdit>("beginTime")->maximumTime(), at(55000));
+        get<QTimeEdit>("beginTime")->setTime(at(59000));
+        QCOMPARE(get<QTimeEdit>("beginTime")->time(), at(55000));
+        QVERIFY(ms(editor()->getEndTime()) - ms(editor()->getBeginTime()) >= 5000);
+    }
+
+    void shouldIgnoreAnEndAtTheVeryEnd()
+    {
+        openSong();
+        const QTime total = editor()->getMaxTime();
+        get<QTimeEdit>("endTime")->setTime(total);
+        QCOMPARE(editor()->getEndTime(), at(40000));
+        // A start at 0:00:00 is taken, though.
+        get<QTimeEdit>("beginTime")->setTime(at(1000));
+        get<QTimeEdit>("beginTime")->setTime(QTime(0, 0));
+        QCOMPARE(editor()->getBeginTime(), QTime(0, 0));
+    }
+
+    void shouldSwitchFadesWithTheirBoxes()
+    {
+        openSong();
+        get<QCheckBox>("fadeInCheckBox")->click();
+        QVERIFY(get<QSpinBox>("fadeInSpinBox")->isEnabled());
+        QVERIFY(editor()->playback().isFadeInOn());
+        get<QSpinBox>("fadeInSpinBox")->setValue(3);
+        QCOMPARE(editor()->playback().getFadeInLength(), 3);
+        get<QCheckBox>("fadeInCheckBox")->click();
+        QVERIFY(!get<QSpinBox>("fadeInSpinBox")->isEnabled());
+        QVERIFY(!editor()->playback().isFadeInOn());
+
+        get<QCheckBox>("fadeOutCheckBox")->click();
+        QVERIFY(get<QSpinBox>("fadeOutSpinBox")->isEnabled());
+        QVERIFY(editor()->playback().isFadeOutOn());
+    }
+
+    void shouldKeepZoomAndVolumeInStepBothWays()
+    {
+        openSong();
+        get<QSlider>("zoomSlider")->setValue(25);
+        QCOMPARE(editor()->model().msPerPixel(), kMsPerPixelAtZoom1 / 2.5f);
+        editor()->zoom(1.75f);
+        QCOMPARE(get<QSlider>("zoomSlider")->value(), 17);
+        get<QToolButton>("zoomInBtn")->click();
+        QCOMPARE(get<QSlider>("zoomSlider")->value(),
+                 int(kMsPerPixelAtZoom1 / editor()->model().msPerPixel() * 10));
+
+        get<QSlider>("volumeSlider")->setValue(150);
+        QCOMPARE(editor()->playback().volume(), 150);
+        get<QToolButton>("volumeAdd")->click();
+        QCOMPARE(editor()->playback().volume(), 160);
+        QCOMPARE(get<QSlider>("volumeSlider")->value(), 160);
+        get<QToolButton>("volumeReduce")->click();
+        QCOMPARE(get<QSlider>("volumeSlider")->value(), 150);
+    }
+
+    void shouldShowPlayAndPreviewOnTheirButtons()
+    {
+        openSong();
+        auto* play = get<QPushButton>("playBtn");
+        auto* preview = get<QPushButton>("previewBtn");
+        play->click();
+        QVERIFY(play->isChecked());
+        QVERIFY(!preview->isChecked());
+        QCOMPARE(play->toolTip(), QString("Pause"));
+        QCOMPARE(preview->toolTip(), QString("Preview Selected"));
+        play->click(); // pauses
+        QVERIFY(!play->isChecked());
+        QCOMPARE(play->toolTip(), QString("Play"));
+
+        preview->click();
+        QVERIFY(preview->isChecked());
+        QVERIFY(!play->isChecked());
+        QCOMPARE(preview->toolTip(), QString("Pause"));
+        m_wnd->onPause(true); // a paused preview leaves the play button alone
+        QVERIFY(!preview->isChecked());
+        QCOMPARE(preview->toolTip(), QString("Preview Selected"));
+    }
+
+    void shouldCloseTheEditorAndForgetTheSong()
+    {
+        openSong();
+        get<QPushButton>("closeBtn")->click();
+        QCOMPARE(mw::mainPage(*m_wnd), 0);
+        QVERIFY(m_wnd->currentSong().strPath.isEmpty());
+        // With no song, "Start to Create" does nothing: no dialog, nothing written.
+        tw::ModalAnswer answers;
+        answers.then(tw::ModalAnswer::reject());
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen.size(), 0);
+        QVERIFY(!QDir(ringtoneDir()).exists() || QDir(ringtoneDir()).isEmpty());
+    }
+
+    void shouldWriteTheRingtoneUnderTheTypedName()
+    {
+        openSong();
+        selectThirtySeconds();
+        tw::ModalAnswer answers;
+        QString offered;
+        answers.then([&offered](QWidget* modal) {
+            offered = modal->findChild<QLineEdit*>("lineEdit")->text();
+            typeName("My Tone")(modal);
+        });
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
+        QCOMPARE(offered, QFileInfo(m_song).completeBaseName());
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        const QString written = ringtoneDir() + "/My Tone.m4r";
+        QVERIFY2(QFile::exists(written), qPrintable(written));
+        QVERIFY(QFile::exists(programCacheDir() + "/My Tone.m4r"));
+        const double seconds =
+            tw::ffprobe({"-show_entries", "format=duration", "-of", "csv=p=0", written}).toDouble();
+        QVERIFY2(qAbs(seconds - 30.0) < 0.1, qPrintable(QString::number(seconds)));
+    }
+
+    void shouldMakeTheTypedNameSafeForAFile()
+    {
+        openSong();
+        selectThirtySeconds();
+        tw::ModalAnswer answers;
+        answers.then(typeName("../.hidden/\tname"));
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(QDir(ringtoneDir()).entryList(QDir::Files), QStringList({"-.hidden-name.m4r"}));
+        QVERIFY(!QFile::exists(QFileInfo(ringtoneDir()).path() + "/.hidden"));
+    }
+
+    void shouldAskBeforeReplacingARingtone()
+    {
+        openSong();
+        selectThirtySeconds();
+        tw::ModalAnswer answers;
+        answers.then(typeName("Twice"));
+        get<QPushButton>("startbtn")->click();
+        const QString written = ringtoneDir() + "/Twice.m4r";
+        QVERIFY(QFile::exists(written));
+        const QDateTime first = QFileInfo(written).lastModified();
+
+        answers.then(typeName("Twice"));
+        answers.then(tw::ModalAnswer::press(QMessageBox::No));
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen.mid(1), QStringList({"CNameDlg", "QMessageBox"}));
+        QCOMPARE(QFileInfo(written).lastModified(), first);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+
+        // Shorter this time, so the replacement shows in its length.
+        editor()->setEndTime(at(30000));
+        answers.then(typeName("Twice"));
+        answers.then(tw::ModalAnswer::press(QMessageBox::Yes));
+        get<QPushButton>("startbtn")->click();
+        const double seconds =
+            tw::ffprobe({"-show_entries", "format=duration", "-of", "csv=p=0", written}).toDouble();
+        QVERIFY2(qAbs(seconds - 20.0) < 0.1, qPrintable(QString::number(seconds)));
+    }
+
+    void shouldWarnOfARingtoneOfFortySecondsOrMore()
+    {
+        openSong(); // the first 40 s are selected
+        tw::ModalAnswer answers;
+        QString warning;
+        answers.then([&warning](QWidget* modal) {
+            warning = qobject_cast<QMessageBox*>(modal)->text();
+            tw::ModalAnswer::press(QMessageBox::No)(modal);
+        });
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen, QStringList({"QMessageBox"}));
+        QVERIFY2(warning.contains("40 seconds"), qPrintable(warning));
+        QVERIFY(!QDir(ringtoneDir()).exists() || QDir(ringtoneDir()).isEmpty());
+
+        // The user may go on.
+        answers.then(tw::ModalAnswer::press(QMessageBox::Yes));
+        answers.then(typeName("Long One"));
+        get<QPushButton>("startbtn")->click();
+        QVERIFY(QFile::exists(ringtoneDir() + "/Long One.m4r"));
+    }
+
+    void shouldWriteNothingWhenTheNameIsCancelled()
+    {
+        openSong();
+        selectThirtySeconds();
+        tw::ModalAnswer answers;
+        answers.then(tw::ModalAnswer::click("cancelBtn"));
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QVERIFY(!QDir(ringtoneDir()).exists() || QDir(ringtoneDir()).isEmpty());
+        QVERIFY(QDir(programCacheDir()).entryList(QStringList() << "*.m4r").isEmpty());
+    }
+
+    void shouldOfferANewImportAfterAFailedExport()
+    {
+        openSong();
+        selectThirtySeconds();
+        // A folder where the ringtone file would go: writing it fails.
+        QVERIFY(QDir().mkpath(programCacheDir() + "/Blocked.m4r"));
+        tw::ModalAnswer answers;
+        answers.then(typeName("Blocked"));
+        answers.then(tw::ModalAnswer::click("okBtn")); // try again: imports the song again
+        get<QPushButton>("startbtn")->click();
+        QVERIFY(QDir(programCacheDir()).rmdir("Blocked.m4r"));
+        QCOMPARE(answers.seen, QStringList({"CNameDlg", "CTryAgainDlg"}));
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(m_wnd->currentSong().strPath, m_song);
+        QVERIFY(!QFile::exists(ringtoneDir() + "/Blocked.m4r"));
+    }
+
+    void shouldShareTheSongsNameWithTheStorePage()
+    {
+        openSong();
+        tw::UrlCatcher https("https");
+        get<QToolButton>("twitter")->click();
+        QCOMPARE(https.urls.size(), 1);
+        const QUrl url = https.urls.first();
+        QCOMPARE(url.path(), QString("/home"));
+        const QString status = QUrlQuery(url).queryItemValue("status", QUrl::FullyDecoded);
+        QCOMPARE(status, QString("I am creating a ringtone %1 with Tonewright. "
+                                 "https://www.vandrel.example/store/tonewright/")
+                             .arg(QFileInfo(m_song).completeBaseName()));
+        get<QToolButton>("facebook")->click();
+        QCOMPARE(https.urls.size(), 2);
+        QCOMPARE(https.urls.last().host(), QString("www.facebook.com"));
+    }
+};
+
+TW_TEST_MAIN(TestMainWndControls)
+#include "tst_mainwndcontrols.moc"
