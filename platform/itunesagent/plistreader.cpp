@@ -32,6 +32,12 @@ bool startsWith(const char* p, const char* end, std::string_view s)
     return static_cast<size_t>(end - p) >= s.size() && std::memcmp(p, s.data(), s.size()) == 0;
 }
 
+// Where `s` first stands in [p, end); end when it does not.
+const char* findText(const char* p, const char* end, std::string_view s)
+{
+    return std::search(p, end, s.begin(), s.end());
+}
+
 void appendUtf8(std::string& out, uint32_t cp)
 {
     if (cp < 0x80) {
@@ -124,12 +130,12 @@ bool PlistReader::skipMisc()
         while (m_p < m_end && isSpace(*m_p))
             ++m_p;
         if (startsWith(m_p, m_end, "<!--")) {
-            const char* close = std::search(m_p + 4, m_end, "-->", "-->" + 3);
+            const char* close = findText(m_p + 4, m_end, "-->");
             if (close == m_end)
                 return fail("unterminated comment");
             m_p = close + 3;
         } else if (startsWith(m_p, m_end, "<?")) {
-            const char* close = std::search(m_p + 2, m_end, "?>", "?>" + 2);
+            const char* close = findText(m_p + 2, m_end, "?>");
             if (close == m_end)
                 return fail("unterminated processing instruction");
             m_p = close + 2;
@@ -285,7 +291,7 @@ bool PlistReader::readText(std::string_view element, std::string& scratch, std::
             if (!decodeEntity(scratch))
                 return false;
         } else if (startsWith(m_p, m_end, "<![CDATA[")) {
-            const char* close = std::search(m_p + 9, m_end, "]]>", "]]>" + 3);
+            const char* close = findText(m_p + 9, m_end, "]]>");
             if (close == m_end)
                 return fail("unterminated CDATA section");
             scratch.append(m_p + 9, static_cast<size_t>(close - m_p - 9));
