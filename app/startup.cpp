@@ -1,5 +1,6 @@
 #include "app/startup.h"
 
+#include "app/appdir.h"
 #include "app/mpconfig.h"
 #include "app/msghandlerloger.h"
 #include "engine/platformfolders.h"
@@ -99,7 +100,7 @@ int tonewrightMain(int argc, char* argv[])
     // The library loads beside the window, which shows it when it is there.
     CLibraryLoader::instance()->start();
 
-    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    QDir::setCurrent(applicationDataDirectory());
 
     auto skin = std::make_unique<QFile>("skin/default/default.css");
     QApplication::setStyle(QStyleFactory::create("Fusion"));
