@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QThread>
 #include <QTime>
+#include <QTimer>
 
 #include <vexa.h>
 
@@ -41,8 +42,14 @@ public:
         if (!wait)
             return 1;
         progress.store(0);
+        // Sleeps until the engine's next progress call (posted to this
+        // thread) or the timer's tick, instead of spinning: several of these
+        // waits run side by side in a command-line batch.
+        QTimer tick;
+        tick.start(25);
         for (;;) {
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 25);
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                            QEventLoop::WaitForMoreEvents);
             const int current = progress.load(std::memory_order_relaxed);
             if (report)
                 report(static_cast<int>(current / 100.0 * weight + offset * 100.0));
