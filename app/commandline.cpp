@@ -24,6 +24,9 @@ const char kUsage[] = "Usage: tonewright [options] [FILE]\n"
 CommandLine parseCommandLine(const QStringList& arguments)
 {
     QCommandLineParser parser;
+    // Qt's own options are single-dash words (-reverse, -stylesheet): read
+    // as words they are unknown, not a run of letters holding -v or -h.
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     const QCommandLineOption help(QStringList{"h", "help"}, "Shows this help.");
     const QCommandLineOption version(QStringList{"v", "version"}, "Shows the version.");
     parser.addOption(help);

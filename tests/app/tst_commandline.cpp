@@ -125,6 +125,16 @@ private slots:
         char offscreen[] = "offscreen";
         char* qt[] = {name, platform, offscreen};
         QCOMPARE(commandLineEarlyExit(3, qt), -1);
+        // Words of Qt's options that hold the letters v and h are no -v or -h.
+        char reverse[] = "-reverse";
+        char stylesheet[] = "-stylesheet";
+        char css[] = "dark.css";
+        char platformtheme[] = "-platformtheme";
+        char gtk[] = "gtk3";
+        char* words[] = {name, reverse, stylesheet, css, platformtheme, gtk};
+        QCOMPARE(commandLineEarlyExit(6, words), -1);
+        QCOMPARE(parseCommandLine({"tonewright", "-reverse", "song.mp3"}).file,
+                 QString("song.mp3"));
     }
 
     void shouldPrintTheVersionWithoutADisplay()
