@@ -14,7 +14,8 @@ SAN_DIR     = $(CURDIR)/tests/sanitizers
 # engine's workers, the editor over both, the library's loading thread.
 TSAN_LABELS = audio|engine|editor|library|vexa|itunesagent
 
-.PHONY: all deps configure build run test check-asan check-tsan fuzz check-format bench clean
+.PHONY: all deps configure build run test package check-package install check-asan check-tsan fuzz \
+        check-format bench clean
 
 all: build
 
@@ -32,6 +33,21 @@ run: build
 
 test: build
 	cd $(BUILD) && $(TEST_ENV) ctest --output-on-failure -j$(JOBS)
+
+# A Debian package of the installed tree (CPack), beside the build:
+# $(BUILD)/tonewright_<version>_<arch>.deb.
+package: build
+	cmake --build $(BUILD) --target package
+
+# The package unpacked into a scratch root: its programs run and its desktop
+# entry and AppStream file pass their validators.
+check-package: package
+	cd $(BUILD) && $(TEST_ENV) ctest --output-on-failure -L package
+
+# Installs under PREFIX (default /usr/local).
+PREFIX ?= /usr/local
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 # Address, leak and undefined-behaviour sanitizers over every test, in a Debug
 # build (Q_ASSERT live) optimised just enough to keep the tests quick.

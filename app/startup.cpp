@@ -1,5 +1,7 @@
 #include "app/startup.h"
 
+#include "app/appdir.h"
+#include "app/commandline.h"
 #include "app/language.h"
 #include "app/mpconfig.h"
 #include "app/msghandlerloger.h"
@@ -14,6 +16,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStyleFactory>
 #include <QTextStream>
@@ -104,7 +107,12 @@ int tonewrightMain(int argc, char* argv[])
     // The library loads beside the window, which shows it when it is there.
     CLibraryLoader::instance()->start();
 
-    QDir::setCurrent(QCoreApplication::applicationDirPath());
+    // A file named on the command line, found from where the program was
+    // started, before the current directory changes.
+    QString openWith = parseCommandLine(QCoreApplication::arguments()).file;
+    if (!openWith.isEmpty())
+        openWith = QFileInfo(openWith).absoluteFilePath();
+    QDir::setCurrent(applicationDataDirectory());
 
     auto skin = std::make_unique<QFile>("skin/default/default.css");
     QApplication::setStyle(QStyleFactory::create("Fusion"));
@@ -119,6 +127,11 @@ int tonewrightMain(int argc, char* argv[])
 
     auto settings = std::make_unique<QSettings>();
     std::unique_ptr<CMainWnd> mainWnd = openMainWindow(*settings);
+    if (!openWith.isEmpty()) {
+        // Opened as a drop would be, once the window is up.
+        CMainWnd* wnd = mainWnd.get();
+        QTimer::singleShot(0, wnd, [wnd, openWith] { wnd->importWave(openWith); });
+    }
     if (crashRequested()) {
         // A checked way to a real crash: the crash log and the next start's
         // report are tested with it.

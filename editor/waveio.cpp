@@ -12,7 +12,9 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QThread>
 #include <QTime>
+#include <QTimer>
 
 #include <vexa.h>
 
@@ -33,14 +35,25 @@ public:
         status.store(state, std::memory_order_relaxed);
     }
     void finish() override {}
-    int start(bool wait)
+    // `report`, when set, hears the percentage the pane would show, reckoned
+    // the pane's way from the phase's weight and offset.
+    int start(float weight, float offset, bool wait, const std::function<void(int)>& report)
     {
         if (!wait)
             return 1;
         progress.store(0);
+        // Sleeps until the engine's next progress call (posted to this
+        // thread) or the timer's tick, instead of spinning: several of these
+        // waits run side by side in a command-line batch.
+        QTimer tick;
+        tick.start(25);
         for (;;) {
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 25);
-            if (progress.load(std::memory_order_relaxed) >= KELO_PROGRESS_DONE)
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                            QEventLoop::WaitForMoreEvents);
+            const int current = progress.load(std::memory_order_relaxed);
+            if (report)
+                report(static_cast<int>(current / 100.0 * weight + offset * 100.0));
+            if (current >= KELO_PROGRESS_DONE)
                 break;
             if (status.load(std::memory_order_relaxed) < 0)
                 return -2;
@@ -67,6 +80,22 @@ void removeIfExists(const QString& path)
         QFile::remove(path);
 }
 
+// Copies src over the claimed file dest, which stays in place throughout.
+bool copyInto(const QString& src, const QString& dest)
+{
+    QFile in(src);
+    QFile out(dest);
+    if (!in.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    constexpr qint64 kChunk = 1 << 20;
+    while (!in.atEnd()) {
+        const QByteArray chunk = in.read(kChunk);
+        if (chunk.isEmpty() || out.write(chunk) != chunk.size())
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 CWaveIo::CWaveIo(CWaveModel& model, CWavePlayback& playback, CProgressDlg* dlg)
@@ -78,7 +107,16 @@ QString CWaveIo::newTempWavePath()
 {
     const QString dir = programCacheDir();
     QDir().mkpath(dir);
-    return dir + "/wave_" + QTime::currentTime().toString("hhmmsszzz") + ".tmp";
+    // The name is claimed by creating the file: another process converting
+    // in the same millisecond (the command line runs several at once) takes
+    // a later one. Conversions replace the claimed file; copies fill it.
+    for (;;) {
+        const QString path = dir + "/wave_" + QTime::currentTime().toString("hhmmsszzz") + ".tmp";
+        QFile claim(path);
+        if (claim.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !claim.exists())
+            return path; // a folder that takes no files fails the conversion itself
+        QThread::msleep(1);
+    }
 }
 
 IProgress* CWaveIo::progressSink() const
@@ -88,7 +126,8 @@ IProgress* CWaveIo::progressSink() const
 
 int CWaveIo::waitPhase(float weight, float offset, bool wait)
 {
-    return progressDlg ? progressDlg->start(weight, offset, wait) : silentProgress().start(wait);
+    return progressDlg ? progressDlg->start(weight, offset, wait)
+                       : silentProgress().start(weight, offset, wait, progressReport);
 }
 
 int CWaveIo::convertToWave(const QString& src)
@@ -98,7 +137,6 @@ int CWaveIo::convertToWave(const QString& src)
         return -4;
 
     wavePath = newTempWavePath();
-    removeIfExists(wavePath);
     qDebug().noquote() << "convert to temp:" << wavePath;
 
     if (!isWaveFile(local.constData())) {
@@ -112,8 +150,7 @@ int CWaveIo::convertToWave(const QString& src)
     }
 
     // A WAV is used as it stands; the engine decides whether it can play it.
-    removeIfExists(wavePath);
-    QFile::copy(src, wavePath);
+    copyInto(src, wavePath);
     return waitPhase(1.0f, 0.0f, false) != 0 ? 1 : -3;
 }
 
@@ -137,7 +174,6 @@ bool CWaveIo::isWaveFile(const char* path)
 int CWaveIo::reload()
 {
     wavePath = newTempWavePath();
-    removeIfExists(wavePath);
     qDebug().noquote() << "reload:" << wavePath;
 
     const QByteArray src = node.strPath.toLocal8Bit();
@@ -150,7 +186,7 @@ int CWaveIo::reload()
             return -2;
         rc = waitPhase(0.5f, 0.5f, true);
     } else {
-        QFile::copy(node.strPath, wavePath);
+        copyInto(node.strPath, wavePath);
         rc = waitPhase(0.5f, 0.5f, false);
     }
     if (rc < 0)
@@ -182,6 +218,8 @@ int CWaveIo::convertToM4r(const QString& m4rPath)
     rc = waitPhase(0.5f, 0.0f, true);
     if (rc < 0)
         return rc;
+    if (exportOnly)
+        return 0;
     CItunesWraper::instance()->AddToItunes(m4rPath);
     return reload();
 }

@@ -12,6 +12,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <utility>
+
 class CProgressDlg;
 class CWaveModel;
 class CWavePlayback;
@@ -45,8 +48,19 @@ public:
     // The selection with its effects into an AAC ringtone at m4rPath, added
     // to the library: -1 for an empty path, otherwise the last step's result.
     int convertToM4r(const QString& m4rPath);
+    // An export that only writes the ringtone (answering 0 when it is
+    // written): no hand-over to the library and no rebuilt temporary WAV. The
+    // command line makes one ringtone a run and adds it itself when asked.
+    void setExportOnly(bool on) { exportOnly = on; }
+    // Without a progress pane, every turn of a conversion's wait reports the
+    // percentage the pane would show (a console's progress bar).
+    void setProgressReport(std::function<void(int percent)> report)
+    {
+        progressReport = std::move(report);
+    }
 
-    // "<cache>/wave_hhmmsszzz.tmp": a new name for every conversion.
+    // "<cache>/wave_hhmmsszzz.tmp": a new name for every conversion, claimed
+    // by creating an empty file there.
     static QString newTempWavePath();
 
 private:
@@ -60,4 +74,6 @@ private:
     CRingToneNode node;
     QString wavePath;
     CProgressDlg* progressDlg;
+    bool exportOnly = false;
+    std::function<void(int)> progressReport;
 };

@@ -17,6 +17,7 @@ PACKAGES=(
   hyperfine time
   clang clang-format libclang-rt-14-dev
   frozen-bubble-data
+  desktop-file-utils appstream dpkg-dev file
 )
 
 SUDO=()

@@ -27,6 +27,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -60,6 +61,17 @@ void scheduleClose()
             }
             modal->close();
             return;
+        }
+        // A file to open: wait until the editor shows it.
+        if (qEnvironmentVariableIsSet("TW_WAIT_FOR_SONG")) {
+            CMainWnd* wnd = nullptr;
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (auto* m = qobject_cast<CMainWnd*>(w))
+                    wnd = m;
+            auto* editor = wnd ? wnd->findChild<QWidget*>("mainFrame") : nullptr;
+            if (!editor || !editor->isVisible())
+                return;
+            std::printf("current-song: %s\n", qPrintable(wnd->currentSong().strPath));
         }
         std::printf("stylesheet-bytes: %d\n", int(qApp->styleSheet().size()));
         // Without the sheet the application falls back to its base style.
@@ -135,7 +147,8 @@ private:
     };
 
     static Run runApp(const QString& home, int closeAfterMs,
-                      const QProcessEnvironment& extra = QProcessEnvironment())
+                      const QProcessEnvironment& extra = QProcessEnvironment(),
+                      const QStringList& programArgs = QStringList())
     {
         QProcess p;
         QProcessEnvironment env = childEnv(home);
@@ -143,7 +156,7 @@ private:
             env.insert(key, extra.value(key));
         p.setProcessEnvironment(env);
         p.start(QCoreApplication::applicationFilePath(),
-                QStringList() << "--run-app" << QString::number(closeAfterMs));
+                QStringList() << "--run-app" << QString::number(closeAfterMs) << programArgs);
         Run r;
         if (!p.waitForFinished(60000)) {
             p.kill();
@@ -331,6 +344,23 @@ private slots:
         QVERIFY(r.err.contains("delete temp file:"));
     }
 
+    void shouldOpenTheFileNamedOnTheCommandLine()
+    {
+        QTemporaryDir home;
+        const QString song = QDir(home.path()).filePath("Given Song.wav");
+        QVERIFY(tw::writeWav(song, 44100, 2, 16, 44100 * 4,
+                             [](qint64 frame, int) { return int(frame % 200) * 50 - 5000; }));
+        QProcessEnvironment extra;
+        extra.insert("TW_WAIT_FOR_SONG", "1");
+        // Named relative to where the program starts: the child starts here.
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(home.path()));
+        const Run r = runApp(home.path(), 100, extra, {"Given Song.wav"});
+        QVERIFY(QDir::setCurrent(before));
+        QCOMPARE(r.exitCode, 0);
+        QVERIFY2(r.out.contains("current-song: " + song), qPrintable(r.out + r.err));
+    }
+
     void shouldOfferReportBeforeTheUpdateCheckAndBeforeTheWindowShows()
     {
         QTemporaryDir home;
@@ -397,8 +427,13 @@ int main(int argc, char* argv[])
 {
     if (argc > 2 && std::strcmp(argv[1], "--run-app") == 0) {
         g_closeAfterMs = std::atoi(argv[2]);
-        int childArgc = 1;
-        return tonewrightMain(childArgc, argv);
+        // The program's own arguments follow the two of the child mode.
+        std::vector<char*> args{argv[0]};
+        for (int i = 3; i < argc; ++i)
+            args.push_back(argv[i]);
+        args.push_back(nullptr);
+        int childArgc = int(args.size()) - 1;
+        return tonewrightMain(childArgc, args.data());
     }
     tw::isolateEnvironment();
     QApplication app(argc, argv);

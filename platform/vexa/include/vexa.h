@@ -221,8 +221,7 @@ void KeloSetReportSettingsFile(const char* path);
 // needs: a summary of the system and the program, the newest log files, and
 // the settings without passwords. Returns its path, valid until the next
 // call; "" when it could not be made.
-const char* KeloBugReport(const char* bundleId, const char* appName, int reserved1,
-                          int reserved2);
+const char* KeloBugReport(const char* bundleId, const char* appName, int reserved1, int reserved2);
 
 #ifdef __cplusplus
 }

@@ -1,0 +1,212 @@
+#include "cli/ringtonemaker.h"
+
+#include "cli/exitcodes.h"
+#include "cli/timearg.h"
+#include "editor/ringtonename.h"
+#include "editor/waveio.h"
+#include "editor/wavemodel.h"
+#include "editor/waveplayback.h"
+#include "engine/timelinehelper.h"
+#include "library/ItunesWrap.h"
+#include "library/ringtonenode.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+// Any width works: the model needs one for its zoom arithmetic only.
+constexpr int kViewWidth = 1000;
+
+QString seconds(long long ms)
+{
+    return QString::number(ms / 1000.0, 'f', 1) + " s";
+}
+
+// Removes the editor's temporary WAV of a run, whatever became of the run.
+class TempWaveGuard
+{
+public:
+    explicit TempWaveGuard(CWaveIo& io) : m_io(io) {}
+    ~TempWaveGuard()
+    {
+        if (!m_io.getWavePath().isEmpty())
+            QFile::remove(m_io.getWavePath());
+    }
+    TempWaveGuard(const TempWaveGuard&) = delete;
+    TempWaveGuard& operator=(const TempWaveGuard&) = delete;
+
+private:
+    CWaveIo& m_io;
+};
+
+} // namespace
+
+CRingtoneMaker::CRingtoneMaker(const CliOptions& options) : m_options(options) {}
+
+int CRingtoneMaker::checkInput(const QString& input, QString* message)
+{
+    const QFileInfo info(input);
+    if (!info.exists()) {
+        *message = QString("%1: no such file").arg(input);
+        return kExitInputUnreadable;
+    }
+    if (info.isDir()) {
+        *message = QString("%1: is a folder, not a media file").arg(input);
+        return kExitInputUnreadable;
+    }
+    QFile file(input);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *message = QString("%1: cannot be read (%2)").arg(input, file.errorString());
+        return kExitInputUnreadable;
+    }
+    return kExitOk;
+}
+
+int CRingtoneMaker::checkOutput(const QString& output, const QString& input, bool force,
+                                QString* message)
+{
+    const QFileInfo info(output);
+    if (info.exists() && info.canonicalFilePath() == QFileInfo(input).canonicalFilePath()) {
+        *message = QString("%1: the output would replace the input").arg(output);
+        return kExitUsage;
+    }
+    if (info.isDir()) {
+        *message = QString("%1: is a folder; name the ringtone file").arg(output);
+        return kExitOutputUnwritable;
+    }
+    if (info.exists() && !force) {
+        *message = QString("%1: exists (--force replaces it)").arg(output);
+        return kExitOutputExists;
+    }
+    const QFileInfo folder(info.absolutePath());
+    if (!folder.isDir()) {
+        *message = QString("%1: the folder %2 does not exist").arg(output, folder.filePath());
+        return kExitOutputUnwritable;
+    }
+    if (!folder.isWritable()) {
+        *message = QString("%1: the folder %2 cannot be written").arg(output, folder.filePath());
+        return kExitOutputUnwritable;
+    }
+    return kExitOk;
+}
+
+int CRingtoneMaker::resolveSpan(long long durationMs, long long* begin, long long* end)
+{
+    *begin = m_options.startMs;
+    *end = std::min(m_options.requestedEndMs(), durationMs);
+    if (*begin >= durationMs) {
+        m_message = QString("the start (%1) is at or after the input's end (%2)")
+                        .arg(formatTimeArg(*begin), formatTimeArg(durationMs));
+        return kExitStartAfterEnd;
+    }
+    if (*end - *begin < kMinSelection) {
+        m_message = QString("only %1 of the input is left from the start (%2); the shortest "
+                            "ringtone is %3")
+                        .arg(seconds(*end - *begin), formatTimeArg(*begin), seconds(kMinSelection));
+        return kExitTooShort;
+    }
+    return kExitOk;
+}
+
+int CRingtoneMaker::make(const QString& input, const QString& output,
+                         const std::function<void(int)>& progress)
+{
+    m_message.clear();
+    int code = checkInput(input, &m_message);
+    if (code != kExitOk)
+        return code;
+    code = checkOutput(output, input, m_options.force, &m_message);
+    if (code != kExitOk)
+        return code;
+    if (!CTimeLineHelper::haveAudio(QFile::encodeName(input).constData())) {
+        m_message = QString("%1: no audio stream").arg(input);
+        return kExitNoAudio;
+    }
+
+    // The editor's parts, as the editor wires them, without a progress pane.
+    CWaveModel model;
+    model.setViewWidth(kViewWidth);
+    CWavePlayback playback(model);
+    CWaveIo io(model, playback, nullptr);
+    io.setExportOnly(true);
+    CRingToneNode song;
+    song.strPath = input;
+    io.setNode(song);
+    TempWaveGuard guard(io);
+
+    // Decoding is the first half of the work, encoding the second (the
+    // export's phase reports 0..50).
+    io.setProgressReport([&progress](int percent) { progress(percent / 2); });
+    const int decoded = io.convertToWave(input);
+    if (decoded == -4) {
+        m_message = QString("%1: no audio stream").arg(input);
+        return kExitNoAudio;
+    }
+    if (decoded < 0 || playback.open(io.getWavePath()) != 0) {
+        playback.release();
+        m_message = QString("%1: could not be decoded").arg(input);
+        return kExitConversionFailed;
+    }
+    model.load(playback.record().frameCount, playback.record().sampleRate);
+
+    long long begin = 0;
+    long long end = 0;
+    code = resolveSpan(static_cast<long long>(model.maxTime()), &begin, &end);
+    if (code != kExitOk) {
+        m_message = input + ": " + m_message;
+        playback.release();
+        return code;
+    }
+    model.setSelection(begin, end);
+    playback.enableFadeIn(m_options.fadeInSeconds > 0);
+    playback.setFadeInLength(m_options.fadeInSeconds);
+    playback.enableFadeOut(m_options.fadeOutSeconds > 0);
+    playback.setFadeOutLength(m_options.fadeOutSeconds);
+    playback.setVolume(m_options.volume);
+
+    // A hidden name in the output's folder: the rename that ends the run is
+    // then one step on one file system, and a failure leaves only this.
+    const QFileInfo out(output);
+    QTemporaryFile staging(out.absolutePath() + "/.tonewright-XXXXXX.m4r");
+    if (!staging.open()) {
+        playback.release();
+        m_message = QString("%1: the folder %2 cannot be written (%3)")
+                        .arg(output, out.absolutePath(), staging.errorString());
+        return kExitOutputUnwritable;
+    }
+    staging.close();
+
+    io.setProgressReport([&progress](int percent) { progress(50 + percent); });
+    if (io.convertToM4r(staging.fileName()) < 0) {
+        m_message =
+            QString("%1: the ringtone could not be encoded into %2").arg(input, out.absolutePath());
+        return kExitConversionFailed;
+    }
+    if (!m_options.force && out.exists()) {
+        m_message = QString("%1: appeared while converting (--force replaces it)").arg(output);
+        return kExitOutputExists;
+    }
+    // rename(2) replaces an existing ringtone in one step.
+    if (std::rename(QFile::encodeName(staging.fileName()).constData(),
+                    QFile::encodeName(output).constData()) != 0) {
+        m_message = QString("%1: could not be written").arg(output);
+        return kExitOutputUnwritable;
+    }
+    staging.setAutoRemove(false);
+    progress(100);
+
+    m_message = QString("%1: %2 to %3 (%4)")
+                    .arg(output, formatTimeArg(begin), formatTimeArg(end), seconds(end - begin));
+    if (m_options.addToLibrary &&
+        CItunesWraper::instance()->AddToItunes(out.absoluteFilePath()) != 0) {
+        m_message = QString("%1: written, but the library did not take it").arg(output);
+        return kExitLibraryFailed;
+    }
+    return kExitOk;
+}

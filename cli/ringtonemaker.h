@@ -1,0 +1,39 @@
+#pragma once
+// One input into one ringtone, through the editor's own import and export
+// (CWaveIo over a CWaveModel and a CWavePlayback): the input becomes the
+// editor's temporary WAV, the span, fades and volume are set as the editor
+// sets them, and the export renders the span. The ringtone is written under
+// a hidden name beside the output and renamed into place when complete; the
+// temporary WAV is removed. Needs the application object; one at a time.
+
+#include "cli/clioptions.h"
+
+#include <QString>
+
+#include <functional>
+
+class CRingtoneMaker
+{
+public:
+    explicit CRingtoneMaker(const CliOptions& options);
+
+    // A CliExitCode; message() says what was made or what went wrong.
+    // `progress` hears 0..100.
+    int make(const QString& input, const QString& output, const std::function<void(int)>& progress);
+    const QString& message() const { return m_message; }
+
+    // The checks made before any work, shared with a batch: the input can be
+    // read; the output may be written (its folder exists and takes files, it
+    // is not the input, and it is new unless `force`). kExitOk or the code.
+    static int checkInput(const QString& input, QString* message);
+    static int checkOutput(const QString& output, const QString& input, bool force,
+                           QString* message);
+
+private:
+    // The span within an input of `durationMs`: the end held to the input's
+    // end, then the length rules again. kExitOk or the code.
+    int resolveSpan(long long durationMs, long long* begin, long long* end);
+
+    CliOptions m_options;
+    QString m_message;
+};

@@ -1,0 +1,434 @@
+// tonewright-cli on one input, run as a child process on generated media:
+// the ringtone it writes, every option, and every failure with its exit
+// code, its message, no output left behind and the input untouched.
+
+#include "cli/exitcodes.h"
+#include "clirun.h"
+#include "mediafixtures.h"
+#include "testenv.h"
+
+#include <itunesagent.h>
+
+#include <QFileInfo>
+#include <QLocalServer>
+#include <QTemporaryDir>
+
+#include <unistd.h>
+
+#include <cmath>
+
+namespace {
+
+const double kAacFrameMs = 1024.0 * 1000.0 / 44100.0;
+
+bool lastsMs(const QString& path, double ms)
+{
+    return std::fabs(twcli::probeDuration(path) * 1000.0 - ms) <= kAacFrameMs;
+}
+
+QString ringtoneDir()
+{
+    char buffer[4096] = {};
+    if (ItunesAgentGetRingtoneDir(buffer, sizeof buffer) < 0)
+        return QString();
+    return QString::fromLocal8Bit(buffer);
+}
+
+} // namespace
+
+class TestCli : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    QString m_song;   // 60 s stereo sine, MP3
+    QString m_short;  // 3 s
+    QString m_video;  // 45 s, H.264 and AAC
+    QString m_silent; // H.264 only
+    QString m_damaged;
+
+    QString out(const QString& name) const { return m_dir.filePath(name); }
+
+    // Runs and checks a failure: its code, its message, no output and no
+    // staged files left, the input unchanged.
+    void expectFailure(const QString& input, const QStringList& args, int code,
+                       const QString& message, const QString& output)
+    {
+        const QByteArray before = twcli::checksum(input);
+        const bool existed = QFile::exists(output);
+        const QByteArray outputBefore = twcli::checksum(output);
+        const twcli::Run r = twcli::run(args);
+        QVERIFY2(r.code == code, qPrintable(twcli::describe(r)));
+        QVERIFY2(r.err.contains(message), qPrintable(twcli::describe(r)));
+        QVERIFY2(r.out.isEmpty(), qPrintable(twcli::describe(r)));
+        QCOMPARE(QFile::exists(output), existed);
+        QCOMPARE(twcli::checksum(output), outputBefore);
+        QCOMPARE(twcli::hiddenFiles(QFileInfo(output).absolutePath()), QStringList());
+        QCOMPARE(twcli::leftoverWaves(), QStringList());
+        QCOMPARE(twcli::checksum(input), before);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        m_song = tw::mp3Fixture(60);
+        m_short = tw::mp3Fixture(3);
+        m_video = tw::mp4AvFixture(45);
+        m_silent = tw::silentVideoFixture(2);
+        QVERIFY(!m_song.isEmpty() && !m_short.isEmpty() && !m_video.isEmpty() &&
+                !m_silent.isEmpty());
+        // A FLAC whose frames are damaged past its header: found, not decodable.
+        m_damaged = out("damaged.flac");
+        QVERIFY(QFile::copy(tw::flacFixture(20), m_damaged));
+        QFile f(m_damaged);
+        QVERIFY(f.open(QIODevice::ReadWrite));
+        QByteArray all = f.readAll();
+        QVERIFY(all.size() > 20000);
+        for (int i = 9000; i < all.size(); i += 7)
+            all[i] = '\0';
+        f.seek(0);
+        QCOMPARE(f.write(all), qint64(all.size()));
+    }
+
+    // --- what it makes ------------------------------------------------------
+
+    void shouldMakeARingtoneOfTheSpan()
+    {
+        const QByteArray before = twcli::checksum(m_song);
+        const QString ring = out("span.m4r");
+        const twcli::Run r = twcli::run({m_song, "-o", ring, "--start", "0:10", "--end", "0:40"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QVERIFY2(r.out.contains(ring) && r.out.contains("0:10.0 to 0:40.0 (30.0 s)"),
+                 qPrintable(r.out));
+        QCOMPARE(twcli::probeAudio(ring, "codec_name"), QString("aac"));
+        QCOMPARE(twcli::probeAudio(ring, "sample_rate"), QString("44100"));
+        QCOMPARE(twcli::probeAudio(ring, "channels"), QString("2"));
+        QCOMPARE(twcli::brand(ring), QByteArray("M4A "));
+        QVERIFY(lastsMs(ring, 30000));
+        QCOMPARE(twcli::checksum(m_song), before);
+        // The editor's temporary WAV is gone, nothing is staged beside the ringtone.
+        QCOMPARE(twcli::leftoverWaves(), QStringList());
+        QCOMPARE(twcli::hiddenFiles(m_dir.path()), QStringList());
+    }
+
+    void shouldTakeEachTimeFormAndTheDefaultLength_data()
+    {
+        QTest::addColumn<QStringList>("span");
+        QTest::addColumn<double>("ms");
+        QTest::newRow("default: 30 s from the start") << QStringList() << 30000.0;
+        QTest::newRow("plain seconds") << QStringList{"--start", "5", "--end", "17.5"} << 12500.0;
+        QTest::newRow("h:mm:ss and a length")
+            << QStringList{"--start", "0:00:20", "--length", "0:15"} << 15000.0;
+        QTest::newRow("held to the input's end")
+            << QStringList{"--start", "50", "--length", "20"} << 10000.0;
+        QTest::newRow("40 s and more with --allow-long")
+            << QStringList{"--length", "45", "--allow-long"} << 45000.0;
+        QTest::newRow("shortest: the last 5 s")
+            << QStringList{"--start", "0:55", "--length", "5"} << 5000.0;
+    }
+
+    void shouldTakeEachTimeFormAndTheDefaultLength()
+    {
+        QFETCH(QStringList, span);
+        QFETCH(double, ms);
+        const QString ring = out(QString("times-%1.m4r").arg(QTest::currentDataTag()));
+        const twcli::Run r = twcli::run(QStringList{m_song, "-o", ring} + span);
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QVERIFY2(lastsMs(ring, ms), qPrintable(QString::number(twcli::probeDuration(ring))));
+    }
+
+    void shouldMakeARingtoneFromAVideosSound()
+    {
+        const QString ring = out("from-video.m4r");
+        const twcli::Run r = twcli::run({m_video, "-o", ring, "--start", "5", "--length", "20"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QVERIFY(lastsMs(ring, 20000));
+        // Sound only: the ringtone has no video stream.
+        QCOMPARE(tw::ffprobe({"-select_streams", "v", "-show_entries", "stream=index", "-of",
+                              "default=nw=1:nk=1", ring})
+                     .trimmed(),
+                 QString());
+    }
+
+    void shouldSetTheVolume()
+    {
+        // Fades of a second at either end; the volume covers the span between.
+        const QStringList fades{"--fade-in", "1", "--fade-out", "1", "-q"};
+        const QString loud = out("vol-150.m4r");
+        const QString mute = out("vol-0.m4r");
+        const QString plain = out("vol-100.m4r");
+        for (const auto& [path, volume] : {std::pair{loud, "150"}, {mute, "0"}, {plain, "100"}}) {
+            const twcli::Run r =
+                twcli::run(QStringList{m_song, "-o", path, "--volume", volume} + fades);
+            QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        }
+        const auto rms = [](const QString& path) {
+            const QByteArray pcm = twcli::decodePcm(path);
+            const auto* s = reinterpret_cast<const qint16*>(pcm.constData());
+            // Seconds 10..20, left channel.
+            double sum = 0;
+            int n = 0;
+            for (qsizetype i = 441000; i < 882000 && 2 * i < pcm.size() / 2; ++i, ++n)
+                sum += double(s[2 * i]) * s[2 * i];
+            return n ? std::sqrt(sum / n) : -1.0;
+        };
+        const double base = rms(plain);
+        QVERIFY(base > 500);
+        QVERIFY2(std::fabs(rms(loud) / base - 1.5) < 0.08,
+                 qPrintable(QString("%1 against %2").arg(rms(loud)).arg(base)));
+        QCOMPARE(rms(mute), 0.0);
+        // Without both fades the editor would change part of the span only:
+        // refused, saying why.
+        expectFailure(m_song, {m_song, "-o", out("vol-alone.m4r"), "--volume", "150"}, kExitUsage,
+                      "give --fade-in and --fade-out too", out("vol-alone.m4r"));
+        expectFailure(
+            m_song, {m_song, "-o", out("vol-alone.m4r"), "--volume", "80", "--fade-in", "2"},
+            kExitUsage, "--volume applies from the fade-in to the fade-out", out("vol-alone.m4r"));
+    }
+
+    void shouldFadeInAndOut()
+    {
+        const QString ring = out("fades.m4r");
+        const twcli::Run r =
+            twcli::run({m_song, "-o", ring, "--length", "20", "--fade-in", "4", "--fade-out", "4"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        const QByteArray pcm = twcli::decodePcm(ring);
+        const auto* s = reinterpret_cast<const qint16*>(pcm.constData());
+        const auto level = [&](double fromMs) {
+            double sum = 0;
+            const qsizetype first = qsizetype(fromMs * 44.1);
+            for (qsizetype i = first; i < first + 4410; ++i)
+                sum += double(s[2 * i]) * s[2 * i];
+            return std::sqrt(sum / 4410);
+        };
+        const double middle = level(10000);
+        QVERIFY(middle > 500);
+        QVERIFY2(level(0) < middle * 0.1, qPrintable(QString::number(level(0) / middle)));
+        // The fade-in rises over its 4 s; the fade-out falls over its 4 s and
+        // one more past the end, as the editor's does: about 0.6 at 18 s and
+        // 0.23 at 19.85 s.
+        QVERIFY2(std::fabs(level(1950) / middle - 0.5) < 0.1,
+                 qPrintable(QString::number(level(1950) / middle)));
+        QVERIFY2(std::fabs(level(17950) / middle - 0.61) < 0.1,
+                 qPrintable(QString::number(level(17950) / middle)));
+        QVERIFY2(level(19850) < middle * 0.3, qPrintable(QString::number(level(19850) / middle)));
+    }
+
+    void shouldReplaceOnlyWithForce()
+    {
+        const QString ring = out("replace.m4r");
+        QVERIFY(twcli::run({m_song, "-o", ring, "--length", "10", "-q"}).code == kExitOk);
+        const QByteArray first = twcli::checksum(ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--length", "20"}, kExitOutputExists,
+                      "exists (--force replaces it)", ring);
+        const twcli::Run r = twcli::run({m_song, "-o", ring, "--length", "20", "--force"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QVERIFY(twcli::checksum(ring) != first);
+        QVERIFY(lastsMs(ring, 20000));
+    }
+
+    void shouldAddToTheLibraryWhenAsked()
+    {
+        const QString library = ringtoneDir();
+        QVERIFY(!library.isEmpty());
+        const QString plainRing = out("Not In Library.m4r");
+        QVERIFY(twcli::run({m_song, "-o", plainRing, "-q"}).code == kExitOk);
+        QVERIFY(!QFile::exists(library + "/Not In Library.m4r"));
+
+        const QString ring = out("Library Tune.m4r");
+        const twcli::Run r = twcli::run({m_song, "-o", ring, "--add-to-library"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QVERIFY2(QFile::exists(library + "/Library Tune.m4r"), qPrintable(library));
+        QCOMPARE(twcli::checksum(library + "/Library Tune.m4r"), twcli::checksum(ring));
+    }
+
+    // --- progress, help, version ------------------------------------------------
+
+    void shouldPrintProgressLinesOffATerminal()
+    {
+        const twcli::Run r = twcli::run({m_song, "-o", out("lines.m4r")});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        const QString name = QFileInfo(m_song).fileName();
+        QStringList lines = r.err.split('\n', Qt::SkipEmptyParts);
+        QVERIFY2(!lines.isEmpty(), qPrintable(r.err));
+        int last = -1;
+        for (const QString& line : lines) {
+            QVERIFY2(line.startsWith(name + ": ") && line.endsWith('%'), qPrintable(line));
+            const int percent = line.mid(name.size() + 2).chopped(1).toInt();
+            QVERIFY2(percent > last && percent % 10 == 0, qPrintable(r.err));
+            last = percent;
+        }
+        QCOMPARE(lines.first(), name + ": 0%");
+        QCOMPARE(lines.last(), name + ": 100%");
+        QVERIFY(!r.err.contains('\r'));
+
+        const twcli::Run quiet = twcli::run({m_song, "-o", out("quiet.m4r"), "--quiet"});
+        QCOMPARE(quiet.code, int(kExitOk));
+        QCOMPARE(quiet.err, QString());
+    }
+
+    void shouldDrawABarOnATerminal()
+    {
+        // script(1) gives the program a terminal of its own.
+        QProcess p;
+        const QString command =
+            QString("'%1' '%2' -o '%3'").arg(twcli::program(), m_song, out("bar.m4r"));
+        p.start("script", {"-qec", command, "/dev/null"});
+        if (!p.waitForStarted())
+            QSKIP("script(1) is not installed");
+        QVERIFY(p.waitForFinished(240000));
+        QCOMPARE(p.exitCode(), int(kExitOk));
+        const QString screen = QString::fromLocal8Bit(p.readAllStandardOutput());
+        QVERIFY2(screen.contains("\r[") && screen.contains("] 100%"), qPrintable(screen));
+        QVERIFY2(screen.contains("[##############################] 100%"), qPrintable(screen));
+        QVERIFY(!screen.contains(QFileInfo(m_song).fileName() + ": 10%"));
+        QVERIFY(QFile::exists(out("bar.m4r")));
+    }
+
+    void shouldShowHelpAndVersion()
+    {
+        const twcli::Run version = twcli::run({"--version"});
+        QCOMPARE(version.code, 0);
+        QCOMPARE(version.out, QString("tonewright-cli " TONEWRIGHT_VERSION "\n"));
+        QCOMPARE(version.err, QString());
+        const twcli::Run help = twcli::run({"--help"});
+        QCOMPARE(help.code, 0);
+        QVERIFY(help.out.startsWith("Usage: tonewright-cli INPUT -o OUTPUT.m4r"));
+        QVERIFY(help.out.contains("Exit codes:"));
+        QCOMPARE(help.err, QString());
+    }
+
+    // --- failures ---------------------------------------------------------------
+
+    void shouldRefuseAMissingOrUnreadableInput()
+    {
+        const QString ring = out("never.m4r");
+        expectFailure(m_song, {out("missing.mp3"), "-o", ring}, kExitInputUnreadable,
+                      "missing.mp3: no such file", ring);
+        expectFailure(m_song, {m_dir.path(), "-o", ring}, kExitInputUnreadable, "is a folder",
+                      ring);
+        const QString dangling = out("dangling.mp3");
+        QVERIFY(QFile::link(out("nowhere.mp3"), dangling));
+        expectFailure(m_song, {dangling, "-o", ring}, kExitInputUnreadable, "no such file", ring);
+    }
+
+    void shouldRefuseAnInputThatOpensAsNoFile()
+    {
+        // A socket is there, but opening it fails whoever asks.
+        QLocalServer server;
+        const QString socket = out("socket.mp3");
+        QVERIFY(server.listen(socket));
+        expectFailure(m_song, {socket, "-o", out("socket.m4r")}, kExitInputUnreadable,
+                      "socket.mp3: cannot be read", out("socket.m4r"));
+    }
+
+    void shouldRefuseAnInputItCannotOpen()
+    {
+        if (geteuid() == 0)
+            QSKIP("running as root: file permissions do not keep root from reading");
+        const QString locked = out("locked.mp3");
+        QVERIFY(QFile::copy(m_song, locked));
+        QVERIFY(QFile::setPermissions(locked, QFileDevice::Permissions()));
+        expectFailure(locked, {locked, "-o", out("locked.m4r")}, kExitInputUnreadable,
+                      "cannot be read", out("locked.m4r"));
+    }
+
+    void shouldRefuseAnInputWithoutSound()
+    {
+        expectFailure(m_silent, {m_silent, "-o", out("silent.m4r")}, kExitNoAudio,
+                      "no audio stream", out("silent.m4r"));
+        expectFailure(tw::textFixture(), {tw::textFixture(), "-o", out("text.m4r")}, kExitNoAudio,
+                      "no audio stream", out("text.m4r"));
+    }
+
+    void shouldReportAnInputThatDoesNotDecode()
+    {
+        expectFailure(m_damaged, {m_damaged, "-o", out("damaged.m4r")}, kExitConversionFailed,
+                      "could not be decoded", out("damaged.m4r"));
+    }
+
+    void shouldRefuseBadSpans()
+    {
+        const QString ring = out("span-refused.m4r");
+        expectFailure(m_song, {m_song, "-o", ring, "--start", "1:10"}, kExitStartAfterEnd,
+                      "at or after the input's end (1:00.0)", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--start", "0:40", "--end", "0:30"},
+                      kExitStartAfterEnd, "is not before the end", ring);
+        expectFailure(m_short, {m_short, "-o", ring}, kExitTooShort,
+                      "only 3.0 s of the input is left", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--start", "57"}, kExitTooShort,
+                      "the shortest ringtone is 5.0 s", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--length", "4"}, kExitTooShort,
+                      "the shortest is 5 s", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--length", "40"}, kExitTooLong,
+                      "phones refuse 40 s and more", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--start", "10", "--end", "0:55"}, kExitTooLong,
+                      "--allow-long", ring);
+    }
+
+    void shouldRefuseBadValues()
+    {
+        const QString ring = out("value-refused.m4r");
+        expectFailure(m_song, {m_song, "-o", ring, "--volume", "300"}, kExitUsage,
+                      "bad --volume value '300'", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--start", "1:75"}, kExitUsage,
+                      "bad --start value '1:75'", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--fade-in", "soft"}, kExitUsage,
+                      "bad --fade-in value", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "--whisper"}, kExitUsage,
+                      "Unknown option 'whisper'", ring);
+        expectFailure(m_song, {m_song}, kExitUsage, "either the output file (-o)", ring);
+    }
+
+    void shouldNeverWriteOverTheInput()
+    {
+        const QString copy = out("own.m4a");
+        QVERIFY(QFile::copy(m_song, copy));
+        expectFailure(copy, {copy, "-o", copy, "--force"}, kExitUsage,
+                      "the output would replace the input", copy);
+    }
+
+    void shouldRefuseAnUnwritableOutput()
+    {
+        expectFailure(m_song, {m_song, "-o", out("no-such-folder/ring.m4r")}, kExitOutputUnwritable,
+                      "does not exist", out("no-such-folder/ring.m4r"));
+        const QString folder = out("a-folder.m4r");
+        QVERIFY(QDir().mkpath(folder));
+        const twcli::Run r = twcli::run({m_song, "-o", folder, "--force"});
+        QVERIFY2(r.code == kExitOutputUnwritable && r.err.contains("is a folder"),
+                 qPrintable(twcli::describe(r)));
+        QVERIFY(QFileInfo(folder).isDir());
+        const QString plainFile = out("plain-file");
+        QVERIFY(QFile::copy(m_short, plainFile));
+        expectFailure(m_song, {m_song, "-o", plainFile + "/ring.m4r"}, kExitOutputUnwritable,
+                      "does not exist", plainFile + "/ring.m4r");
+    }
+
+    void shouldRefuseAFolderThatTakesNoFiles()
+    {
+        // sysfs takes no new files, not even root's.
+        if (!QFileInfo(QStringLiteral("/sys")).isDir())
+            QSKIP("no /sys on this machine");
+        const twcli::Run r = twcli::run({m_song, "-o", "/sys/ring.m4r", "-q"});
+        QVERIFY2(r.code == kExitOutputUnwritable &&
+                     r.err.contains("the folder /sys cannot be written"),
+                 qPrintable(twcli::describe(r)));
+        QVERIFY(!QFileInfo::exists("/sys/ring.m4r"));
+    }
+
+    void shouldRefuseAReadOnlyFolder()
+    {
+        if (geteuid() == 0)
+            QSKIP("running as root: file permissions do not keep root from writing");
+        const QString folder = out("read-only");
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::ExeOwner));
+        expectFailure(m_song, {m_song, "-o", folder + "/ring.m4r"}, kExitOutputUnwritable,
+                      "cannot be written", folder + "/ring.m4r");
+    }
+};
+
+TW_TEST_MAIN(TestCli)
+#include "tst_cli.moc"
