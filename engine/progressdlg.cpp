@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QLabel>
 #include <QMovie>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <vexa.h>
@@ -13,6 +14,8 @@
 namespace {
 // What a phase shown without waiting reads: all but done.
 constexpr float kAllButDone = KELO_PROGRESS_DONE - 1;
+// How often a wait looks at the progress when nothing else wakes it.
+constexpr int kPollMs = 25;
 } // namespace
 
 CProgressDlg::CProgressDlg(QWidget* parent)
@@ -66,8 +69,17 @@ int CProgressDlg::start(float weight, float offset, bool wait)
     m_percentLabel->move(width() / 2 - m_percentLabel->width() / 2,
                          height() / 2 - m_percentLabel->height() / 2);
     m_percentLabel->raise();
+    // While waiting, sleep until something happens (the engine's progress is
+    // posted to this thread, the animation ticks) or the poll comes round:
+    // a spinning loop would take a core from the conversion.
+    QTimer poll;
+    QEventLoop::ProcessEventsFlags flags = QEventLoop::ExcludeUserInputEvents;
+    if (wait) {
+        poll.start(kPollMs);
+        flags |= QEventLoop::WaitForMoreEvents;
+    }
     do {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 25);
+        QCoreApplication::processEvents(flags);
         const float current = progress.load(std::memory_order_relaxed);
         const int value = static_cast<int>(current / 100.0 * weight + offset * 100.0);
         if (current >= KELO_PROGRESS_DONE) {
