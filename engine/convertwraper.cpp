@@ -8,8 +8,35 @@
 #include <vexanotify.h>
 
 #include <cstring>
+#include <memory>
 
 namespace {
+
+// A progress call on its way to the GUI thread. When the event loop drops
+// it unrun (the program ends first), the engine gets it back to free it.
+class PostedTask
+{
+public:
+    PostedTask(KeloTaskProc task, void* arg) : m_task(task), m_arg(arg) {}
+    ~PostedTask()
+    {
+        if (m_task)
+            KeloDiscardTask(m_task, m_arg);
+    }
+    PostedTask(const PostedTask&) = delete;
+    PostedTask& operator=(const PostedTask&) = delete;
+
+    void run()
+    {
+        const KeloTaskProc task = m_task;
+        m_task = nullptr;
+        task(m_arg);
+    }
+
+private:
+    KeloTaskProc m_task;
+    void* m_arg;
+};
 
 // Runs the engine's progress calls on the GUI thread's event loop; with no
 // application object (its last moments) they run where they come from.
@@ -20,8 +47,9 @@ void postToGuiThread(KeloTaskProc task, void* arg)
         task(arg);
         return;
     }
+    auto posted = std::make_shared<PostedTask>(task, arg);
     QMetaObject::invokeMethod(
-        app, [task, arg] { task(arg); }, Qt::QueuedConnection);
+        app, [posted] { posted->run(); }, Qt::QueuedConnection);
 }
 
 } // namespace

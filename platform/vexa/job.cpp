@@ -207,3 +207,10 @@ int RenderJob::render(std::string* temp)
 }
 
 } // namespace vexa
+
+extern "C" void KeloDiscardTask(KeloTaskProc task, void* arg)
+{
+    // The engine posts one kind of task only.
+    if (task == &vexa::deliver)
+        delete static_cast<vexa::PendingNote*>(arg);
+}

@@ -10,13 +10,18 @@ extern "C" {
 
 typedef void (*KeloTaskProc)(void* arg);
 // Must run task(arg) exactly once, later and on any thread; it must not
-// wait for the task.
+// wait for the task. A task it can never run (its event loop ended first)
+// goes to KeloDiscardTask instead.
 typedef void (*KeloPostProc)(KeloTaskProc task, void* arg);
 
 // Jobs started after this call hand each progress call to post(); null
 // restores calls on the worker thread. A job cancelled by KeloRemoveMedia or
 // DestroyTimeline makes no further calls, posted or not.
 void KeloSetNotifyDispatcher(KeloPostProc post);
+
+// Frees what a posted task holds without running it: for a poster whose
+// loop ends with tasks still waiting. The progress call is not made.
+void KeloDiscardTask(KeloTaskProc task, void* arg);
 
 #ifdef __cplusplus
 }
