@@ -1,70 +1,75 @@
 #!/usr/bin/env python3
-"""Writes the About box banner (":/about/banner"), 491x130: the application
-icon and the product name (words that need no translation) on a very light gradient,
-with a faint waveform running out on the right.
+"""Writes the dialogs' top images, both drawn on a very light gradient with
+the application icon and the product name (words that need no translation):
+
+  banner  491x130  the About box (":/about/banner"): a large icon and name;
+                   the dialog's version label sits on the name's baseline,
+                   right of it, and faint sound waves come in from the right
+  header  640x76   every other dialog of the program (":/about/header"): a
+                   slim band with a small icon and the name; its right part
+                   is plain ground, so narrower dialogs simply cut it off
 
 The icon is taken from dist/icons/tonewright.svg (run dist/icons/make_icons.py
-first if you change it), so the two never drift apart. The style sheet uses
-the banner as background-image, which is not scaled, hence the 1x and @2x
-PNGs rendered with ffmpeg's librsvg decoder next to the SVG.
+first if you change it), so they never drift apart. The skin uses the images
+as background-image, which Qt does not scale, hence the 1x and @2x PNGs
+rendered next to each SVG (../svgpng.py).
 
 Run from anywhere: python3 resources/images/about/make_about.py
 """
 
-import math
 import os
 import re
-import subprocess
+import sys
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 ROOT = os.path.normpath(os.path.join(HERE, "..", "..", ".."))
 ICON = os.path.join(ROOT, "dist", "icons", "tonewright.svg")
+sys.dont_write_bytecode = True  # no __pycache__ beside the images
+sys.path.insert(0, os.path.dirname(HERE))
+from svgpng import ACCENT, INK, write_pair  # noqa: E402
 
-WIDTH, HEIGHT = 491, 130
-ICON_BOX = 82          # the icon's 256 box; its visible tile is 72 px of it
-ICON_X, ICON_Y = 22, (HEIGHT - ICON_BOX) / 2
-
-BANNER = """<svg xmlns="http://www.w3.org/2000/svg" width="491" height="130" viewBox="0 0 491 130">
-  <defs>
-    <linearGradient id="bg" x1="0" y1="0" x2="1" y2="1">
+GROUND = """    <linearGradient id="bg" x1="0" y1="0" x2="1" y2="1">
       <stop offset="0" stop-color="#ffffff"/>
       <stop offset="0.6" stop-color="#f4f6f9"/>
       <stop offset="1" stop-color="#e8f2fd"/>
-    </linearGradient>
-    <linearGradient id="fade" gradientUnits="userSpaceOnUse" x1="350" y1="0" x2="491" y2="0">
-      <stop offset="0" stop-color="#32a0fb" stop-opacity="0"/>
-      <stop offset="0.7" stop-color="#32a0fb" stop-opacity="0.22"/>
-      <stop offset="1" stop-color="#32a0fb" stop-opacity="0.06"/>
-    </linearGradient>
+    </linearGradient>"""
+
+BANNER = """<svg xmlns="http://www.w3.org/2000/svg" width="491" height="130" viewBox="0 0 491 130">
+  <defs>
+{ground}
 {icon_defs}
   </defs>
   <rect width="491" height="130" fill="url(#bg)"/>
-  <g fill="url(#fade)">
-{wave}
+  <g fill="none" stroke="{accent}" stroke-linecap="round">
+    <path d="M481 38 A40 40 0 0 0 481 92" stroke-opacity="0.16" stroke-width="6"/>
+    <path d="M463 22 A62 62 0 0 0 463 108" stroke-opacity="0.10" stroke-width="6"/>
+    <path d="M446 8 A84 84 0 0 0 446 122" stroke-opacity="0.06" stroke-width="6"/>
   </g>
   <rect y="129" width="491" height="1" fill="#e1e6ed"/>
-  <g transform="translate({ix:g} {iy:g}) scale({iscale:g})">
+  <g transform="translate(22 24) scale({iscale:g})">
 {icon_body}
   </g>
-  <text x="118" y="78" font-family="DejaVu Sans, sans-serif" font-size="34" font-weight="bold" fill="#1f2937" letter-spacing="-0.5">Tonewright</text>
+  <text x="118" y="80" font-family="DejaVu Sans, sans-serif" font-size="30" font-weight="bold" fill="{ink}" letter-spacing="-0.5">Tonewright</text>
 </svg>
 """
 
-
-def wave():
-    """Rounded bars of a made-up waveform from x = 350 nearly to the
-    right edge, fading in from the text and out again at the edge."""
-    bars = []
-    x = 350.0
-    i = 0
-    while x < WIDTH - 10:
-        level = 0.5 + 0.3 * math.sin(i * 0.9) + 0.2 * math.sin(i * 2.3 + 1.0)
-        h = round(8 + 56 * level * level, 1)
-        bars.append('    <rect x="{:g}" y="{:g}" width="3" height="{:g}" rx="1.5"/>'.format(
-            x, round(HEIGHT / 2 - h / 2, 1), h))
-        x += 6
-        i += 1
-    return "\n".join(bars)
+HEADER = """<svg xmlns="http://www.w3.org/2000/svg" width="640" height="76" viewBox="0 0 640 76">
+  <defs>
+    <linearGradient id="bg" x1="0" y1="0" x2="1" y2="0">
+      <stop offset="0" stop-color="#ffffff"/>
+      <stop offset="0.75" stop-color="#f2f7fd"/>
+      <stop offset="1" stop-color="#f2f7fd"/>
+    </linearGradient>
+{icon_defs}
+  </defs>
+  <rect width="640" height="76" fill="url(#bg)"/>
+  <rect y="75" width="640" height="1" fill="#e1e6ed"/>
+  <g transform="translate(20 12) scale({iscale:g})">
+{icon_body}
+  </g>
+  <text x="80" y="45" font-family="DejaVu Sans, sans-serif" font-size="20" font-weight="bold" fill="{ink}" letter-spacing="-0.3">Tonewright</text>
+</svg>
+"""
 
 
 def icon_parts():
@@ -79,22 +84,13 @@ def icon_parts():
     return defs_text, "\n".join("  " + line for line in lines)
 
 
-def render(svg, png, width, height):
-    # The librsvg decoder gives premultiplied pixels; PNG wants straight alpha.
-    subprocess.run(["ffmpeg", "-v", "error", "-y", "-width", str(width),
-                    "-height", str(height), "-i", svg, "-frames:v", "1",
-                    "-vf", "unpremultiply=inplace=1", "-pix_fmt", "rgba", png],
-                   check=True)
-
-
 def main():
     icon_defs, icon_body = icon_parts()
-    svg = os.path.join(HERE, "banner.svg")
-    with open(svg, "w", encoding="utf-8") as f:
-        f.write(BANNER.format(icon_defs=icon_defs, icon_body=icon_body, wave=wave(),
-                              ix=ICON_X, iy=ICON_Y, iscale=ICON_BOX / 256))
-    render(svg, os.path.join(HERE, "banner.png"), WIDTH, HEIGHT)
-    render(svg, os.path.join(HERE, "banner@2x.png"), 2 * WIDTH, 2 * HEIGHT)
+    write_pair(HERE, "banner", BANNER.format(ground=GROUND, icon_defs=icon_defs,
+                                             icon_body=icon_body, iscale=82 / 256,
+                                             accent=ACCENT, ink=INK), 491, 130)
+    write_pair(HERE, "header", HEADER.format(icon_defs=icon_defs, icon_body=icon_body,
+                                             iscale=52 / 256, ink=INK), 640, 76)
 
 
 if __name__ == "__main__":

@@ -2,8 +2,14 @@
 """Writes the library icons (":/li/..."): one 32x32 SVG per playlist kind and
 two song-list glyphs. Every playlist icon is the same rounded tile with a
 top-to-bottom gradient of its own colour and a white glyph; the song-list
-glyphs are the bare glyph in slate. Edit the glyphs or colours here and run
-`python3 make_icons.py` in this folder; the SVGs are what the program ships."""
+glyphs are the bare glyph in a light slate. Edit the glyphs or colours here
+and run `python3 resources/images/li/make_icons.py` (from anywhere: the SVGs
+are written beside this script); the SVGs are what the program ships, drawn
+through QIcon, which renders them at the screen's density."""
+
+import os
+
+HERE = os.path.dirname(os.path.abspath(__file__))
 
 TILE = """<svg xmlns="http://www.w3.org/2000/svg" width="32" height="32" viewBox="0 0 32 32">
   <defs>
@@ -27,7 +33,9 @@ BARE = """<svg xmlns="http://www.w3.org/2000/svg" width="32" height="32" viewBox
 </svg>
 """
 
-SLATE = "#4a5568"
+# The song list's glyphs sit beside every title: a lighter slate keeps the
+# titles in front.
+LIST_GLYPH = "#7d8898"
 
 GLYPHS = {
     # Two beamed eighth notes.
@@ -109,11 +117,11 @@ COLOURS = {
 def main():
     for name, glyph in GLYPHS.items():
         top, bottom = COLOURS[name]
-        with open(name + ".svg", "w", encoding="utf-8") as f:
+        with open(os.path.join(HERE, name + ".svg"), "w", encoding="utf-8") as f:
             f.write(TILE.format(top=top, bottom=bottom, glyph=glyph.replace("{tile}", bottom)))
     for name, glyph in BARE_GLYPHS.items():
-        with open(name + ".svg", "w", encoding="utf-8") as f:
-            f.write(BARE.format(colour=SLATE, glyph=glyph))
+        with open(os.path.join(HERE, name + ".svg"), "w", encoding="utf-8") as f:
+            f.write(BARE.format(colour=LIST_GLYPH, glyph=glyph))
 
 
 if __name__ == "__main__":

@@ -3,14 +3,23 @@
 
   musical  24x24  blue note shown left of a song's title
   film     24x24  blue film strip shown left of a video's title
-  close    16x16  the pane's close button: a grey disc with a slate cross
+  close    20x20  the pane's close button: a light grey disc with a slate
+                  cross; close_on (hover) a darker disc, close_down (pressed)
+                  darker still. The skin shows them, so they are rendered to
+                  PNG pairs (NAME.png, NAME@2x.png, see ../svgpng.py); the
+                  two pictures above are drawn by the program through QIcon,
+                  which renders the SVG itself.
 
 Run from anywhere: python3 resources/images/msg/make_msg.py
 """
 
 import os
+import sys
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+sys.dont_write_bytecode = True  # no __pycache__ beside the images
+sys.path.insert(0, os.path.dirname(HERE))
+from svgpng import write_pair  # noqa: E402
 
 ACCENT = "#32a0fb"
 SLATE = "#4a5563"
@@ -35,17 +44,25 @@ FILM = """<svg xmlns="http://www.w3.org/2000/svg" width="24" height="24" viewBox
 </svg>
 """.format(accent=ACCENT)
 
-CLOSE = """<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16" viewBox="0 0 16 16">
-  <circle cx="8" cy="8" r="7.5" fill="#e3e7ed"/>
-  <path d="M5.4 5.4 L10.6 10.6 M10.6 5.4 L5.4 10.6" fill="none" stroke="{slate}" stroke-width="1.6" stroke-linecap="round"/>
+CLOSE = """<svg xmlns="http://www.w3.org/2000/svg" width="20" height="20" viewBox="0 0 20 20">
+  <circle cx="10" cy="10" r="9" fill="{disc}"/>
+  <path d="M7 7 L13 13 M13 7 L7 13" fill="none" stroke="{cross}" stroke-width="1.7" stroke-linecap="round"/>
 </svg>
-""".format(slate=SLATE)
+"""
+
+CLOSE_FACES = {
+    "close": dict(disc="#e3e7ed", cross=SLATE),
+    "close_on": dict(disc="#d3d9e1", cross="#1f2937"),
+    "close_down": dict(disc="#c3cad4", cross="#1f2937"),
+}
 
 
 def main():
-    for name, text in (("musical", MUSICAL), ("film", FILM), ("close", CLOSE)):
+    for name, text in (("musical", MUSICAL), ("film", FILM)):
         with open(os.path.join(HERE, name + ".svg"), "w", encoding="utf-8") as f:
             f.write(text)
+    for name, face in CLOSE_FACES.items():
+        write_pair(HERE, name, CLOSE.format(**face), 20, 20)
 
 
 if __name__ == "__main__":

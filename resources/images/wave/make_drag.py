@@ -4,9 +4,11 @@
 The marker is 11 pixels wide so that its middle column sits exactly on the
 play position: a rounded orange head with a downward point in the ruler band,
 and a one-pixel line down through the wave. Antialiased by 8x8 supersampling;
-standard library only. Run: python3 make_drag.py [output.png]
+standard library only. Run: python3 make_drag.py [output.png] (by default
+drag.png beside this script).
 """
 
+import os
 import struct
 import sys
 import zlib
@@ -105,4 +107,5 @@ def write_png(path, rows):
 
 
 if __name__ == "__main__":
-    write_png(sys.argv[1] if len(sys.argv) > 1 else "drag.png", pixels())
+    default = os.path.join(os.path.dirname(os.path.abspath(__file__)), "drag.png")
+    write_png(sys.argv[1] if len(sys.argv) > 1 else default, pixels())
