@@ -41,7 +41,11 @@ void CWaveWnd::paintEvent(QPaintEvent* /*event*/)
     if (w <= 0 || h <= 0)
         return;
 
-    QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
+    // Drawn at the screen's density: sharp lines and ruler text on a 2x
+    // screen, in the same logical coordinates.
+    const qreal dpr = devicePixelRatioF();
+    QImage image(QSize(w, h) * dpr, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(dpr);
     image.fill(0);
     {
         QPainter painter(&image);
@@ -248,14 +252,18 @@ void CWaveWnd::highLightSelectArea(QImage* image)
     int b = static_cast<int>(m.endTime() / m.msPerPixel() - m.scrollX());
     if (a > b)
         std::swap(a, b);
-    b = std::min(b, image->width());
+    // The image may hold several device pixels per logical one.
+    const qreal dpr = image->devicePixelRatio();
+    b = std::min(b, static_cast<int>(image->width() / dpr));
     const int from = a < 0 ? 0 : a + 1;
     if (from >= b)
         return;
+    const int fromX = static_cast<int>(from * dpr);
+    const int toX = std::min(static_cast<int>(b * dpr), image->width());
     // Only opaque wave-grey pixels change: the wave inside the selection.
-    for (int y = kRulerBaseline; y < image->height(); ++y) {
+    for (int y = static_cast<int>(kRulerBaseline * dpr); y < image->height(); ++y) {
         QRgb* line = reinterpret_cast<QRgb*>(image->scanLine(y));
-        for (int x = from; x < b; ++x) {
+        for (int x = fromX; x < toX; ++x) {
             if (line[x] == kWaveColour)
                 line[x] = kWaveSelectedColour;
         }
