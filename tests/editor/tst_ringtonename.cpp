@@ -28,7 +28,8 @@ private slots:
                                        << "Tone";
         QTest::newRow("dots after blanks") << "  .tone"
                                            << "tone";
-        QTest::newRow("control characters") << "a\tb\nc\x01d"
+        QTest::newRow("control characters") << "a\tb\nc\x01"
+                                               "d"
                                             << "abcd";
         QTest::newRow("line separators")
             << QString("a") + QChar(0x2028) + "b" + QChar(0x2029) << "ab";
