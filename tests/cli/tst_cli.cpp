@@ -4,10 +4,9 @@
 
 #include "cli/exitcodes.h"
 #include "clirun.h"
+#include "library/ItunesWrap.h"
 #include "mediafixtures.h"
 #include "testenv.h"
-
-#include <itunesagent.h>
 
 #include <QFileInfo>
 #include <QLocalServer>
@@ -24,14 +23,6 @@ const double kAacFrameMs = 1024.0 * 1000.0 / 44100.0;
 bool lastsMs(const QString& path, double ms)
 {
     return std::fabs(twcli::probeDuration(path) * 1000.0 - ms) <= kAacFrameMs;
-}
-
-QString ringtoneDir()
-{
-    char buffer[4096] = {};
-    if (ItunesAgentGetRingtoneDir(buffer, sizeof buffer) < 0)
-        return QString();
-    return QString::fromLocal8Bit(buffer);
 }
 
 } // namespace
@@ -231,7 +222,7 @@ private slots:
 
     void shouldAddToTheLibraryWhenAsked()
     {
-        const QString library = ringtoneDir();
+        const QString library = CItunesWraper::instance()->ringtoneDir();
         QVERIFY(!library.isEmpty());
         const QString plainRing = out("Not In Library.m4r");
         QVERIFY(twcli::run({m_song, "-o", plainRing, "-q"}).code == kExitOk);

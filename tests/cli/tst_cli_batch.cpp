@@ -5,27 +5,14 @@
 #include "cli/batchrun.h"
 #include "cli/exitcodes.h"
 #include "clirun.h"
+#include "library/ItunesWrap.h"
 #include "mediafixtures.h"
 #include "testenv.h"
-
-#include <itunesagent.h>
 
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <cmath>
-
-namespace {
-
-QString ringtoneDir()
-{
-    char buffer[4096] = {};
-    if (ItunesAgentGetRingtoneDir(buffer, sizeof buffer) < 0)
-        return QString();
-    return QString::fromLocal8Bit(buffer);
-}
-
-} // namespace
 
 class TestCliBatch : public QObject
 {
@@ -134,7 +121,7 @@ private slots:
 
     void shouldAddEveryMadeRingtoneToTheLibrary()
     {
-        const QString library = ringtoneDir();
+        const QString library = CItunesWraper::instance()->ringtoneDir();
         QVERIFY(!library.isEmpty());
         const QString a = copyAs(m_song, "lib/Batch One.mp3");
         const QString b = copyAs(m_video, "lib/Batch Two.mp4");

@@ -1,10 +1,13 @@
 #pragma once
 // What the main window's tests share: the page in front, real clicks on tree
-// and list rows. Header-only.
+// and list rows, the answer that names a ringtone. Header-only.
 
+#include "modalanswer.h"
 #include "ui/mainwnd.h"
 
 #include <QAbstractItemView>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QStackedLayout>
 #include <QTest>
 #include <QWidget>
@@ -58,6 +61,17 @@ inline int mainPage(const CMainWnd& wnd)
         if (wnd.findChild<QWidget*>(names[page])->isVisible())
             return page;
     return -1;
+}
+
+// An answer for the name dialog: types the name and presses OK.
+inline tw::ModalAnswer::Answer typeName(const QString& name)
+{
+    return [name](QWidget* modal) {
+        auto* edit = modal->findChild<QLineEdit*>("lineEdit");
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        modal->findChild<QPushButton*>("okBtn")->click();
+    };
 }
 
 } // namespace mw

@@ -9,6 +9,7 @@
 
 #include "app/language.h"
 #include "crash/crashreportdlg.h"
+#include "shotsupport.h"
 #include "testenv.h"
 #include "ui/aboutdlg.h"
 #include "ui/hellownd.h"
@@ -29,11 +30,6 @@
 
 namespace {
 
-QString shotDir()
-{
-    return QStringLiteral(TW_BINARY_DIR "/screenshots");
-}
-
 // Shows the widget, lets it paint, saves its picture; the picture.
 QImage save(QWidget& widget, const QString& language, const QString& name)
 {
@@ -42,7 +38,7 @@ QImage save(QWidget& widget, const QString& language, const QString& name)
         return QImage();
     QTest::qWait(150); // the welcome animation shows its first frames
     const QImage image = widget.grab().toImage();
-    image.save(shotDir() + QString("/dialog-%1-%2.png").arg(language, name));
+    image.save(shots::dir() + QString("/dialog-%1-%2.png").arg(language, name));
     widget.hide();
     return image;
 }
@@ -54,15 +50,7 @@ class TestDialogShots : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(QDir().mkpath(shotDir()));
-        // The program's own files, found as start-up finds them.
-        QVERIFY(QDir::setCurrent(TW_BINARY_DIR));
-        QFile skin("skin/default/default.css");
-        QVERIFY(skin.open(QIODevice::ReadOnly));
-        qApp->setStyleSheet(QString::fromUtf8(skin.readAll()));
-    }
+    void initTestCase() { QVERIFY(shots::useProgramSkin()); }
 
     void cleanupTestCase() { CLanguage::instance()->translatorLan("en"); }
 
@@ -119,7 +107,7 @@ private slots:
                                    {&question, "messagebox"}}) {
             const QImage image = save(*widget, language, tag);
             QVERIFY2(!image.isNull(), tag);
-            QVERIFY(QFile::exists(shotDir() + QString("/dialog-%1-%2.png").arg(language, tag)));
+            QVERIFY(QFile::exists(shots::dir() + QString("/dialog-%1-%2.png").arg(language, tag)));
         }
         const QString tryText = tryAgain.findChild<QPushButton*>("okBtn")->text();
         if (language == "ja")

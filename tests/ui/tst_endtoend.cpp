@@ -63,16 +63,6 @@ QString probe(const QString& path, const QString& entries)
         .trimmed();
 }
 
-tw::ModalAnswer::Answer typeName(const QString& name)
-{
-    return [name](QWidget* modal) {
-        auto* edit = modal->findChild<QLineEdit*>("lineEdit");
-        edit->selectAll();
-        QTest::keyClicks(edit, name);
-        modal->findChild<QPushButton*>("okBtn")->click();
-    };
-}
-
 } // namespace
 
 class TestEndToEnd : public QObject
@@ -170,7 +160,7 @@ private slots:
         get<QSlider>(wnd, "volumeSlider")->setValue(150);
 
         tw::ModalAnswer answers;
-        answers.then(typeName("Wake Up"));
+        answers.then(mw::typeName("Wake Up"));
         get<QPushButton>(wnd, "startbtn")->click();
         QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
         QCOMPARE(mw::mainPage(wnd), 1);
@@ -236,7 +226,7 @@ private slots:
         QCOMPARE(wnd.waveWnd()->getEndTime(), QTime(0, 0, 16));
 
         tw::ModalAnswer answers;
-        answers.then(typeName("Harbour"));
+        answers.then(mw::typeName("Harbour"));
         get<QPushButton>(wnd, "startbtn")->click();
         QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
         const QString ringtone = CItunesWraper::instance()->ringtoneDir() + "/Harbour.m4r";

@@ -37,17 +37,6 @@ QTime at(long ms)
     return CTimeConvert::longToTime(ms);
 }
 
-// Types a name into the name dialog and presses its OK button.
-tw::ModalAnswer::Answer typeName(const QString& name)
-{
-    return [name](QWidget* modal) {
-        auto* edit = modal->findChild<QLineEdit*>("lineEdit");
-        edit->selectAll();
-        QTest::keyClicks(edit, name);
-        modal->findChild<QPushButton*>("okBtn")->click();
-    };
-}
-
 } // namespace
 
 class TestMainWndControls : public QObject
@@ -281,7 +270,7 @@ private slots:
         QString offered;
         answers.then([&offered](QWidget* modal) {
             offered = modal->findChild<QLineEdit*>("lineEdit")->text();
-            typeName("My Tone")(modal);
+            mw::typeName("My Tone")(modal);
         });
         get<QPushButton>("startbtn")->click();
         QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
@@ -300,7 +289,7 @@ private slots:
         openSong();
         selectThirtySeconds();
         tw::ModalAnswer answers;
-        answers.then(typeName("../.hidden/\tname"));
+        answers.then(mw::typeName("../.hidden/\tname"));
         get<QPushButton>("startbtn")->click();
         QCOMPARE(mw::mainPage(*m_wnd), 1);
         QCOMPARE(QDir(ringtoneDir()).entryList(QDir::Files), QStringList({"-.hidden-name.m4r"}));
@@ -312,13 +301,13 @@ private slots:
         openSong();
         selectThirtySeconds();
         tw::ModalAnswer answers;
-        answers.then(typeName("Twice"));
+        answers.then(mw::typeName("Twice"));
         get<QPushButton>("startbtn")->click();
         const QString written = ringtoneDir() + "/Twice.m4r";
         QVERIFY(QFile::exists(written));
         const QDateTime first = QFileInfo(written).lastModified();
 
-        answers.then(typeName("Twice"));
+        answers.then(mw::typeName("Twice"));
         answers.then(tw::ModalAnswer::press(QMessageBox::No));
         get<QPushButton>("startbtn")->click();
         QCOMPARE(answers.seen.mid(1), QStringList({"CNameDlg", "QMessageBox"}));
@@ -327,7 +316,7 @@ private slots:
 
         // Shorter this time, so the replacement shows in its length.
         editor()->setEndTime(at(30000));
-        answers.then(typeName("Twice"));
+        answers.then(mw::typeName("Twice"));
         answers.then(tw::ModalAnswer::press(QMessageBox::Yes));
         get<QPushButton>("startbtn")->click();
         const double seconds =
@@ -351,7 +340,7 @@ private slots:
 
         // The user may go on.
         answers.then(tw::ModalAnswer::press(QMessageBox::Yes));
-        answers.then(typeName("Long One"));
+        answers.then(mw::typeName("Long One"));
         get<QPushButton>("startbtn")->click();
         QVERIFY(QFile::exists(ringtoneDir() + "/Long One.m4r"));
     }
@@ -376,7 +365,7 @@ private slots:
         // A folder where the ringtone file would go: writing it fails.
         QVERIFY(QDir().mkpath(programCacheDir() + "/Blocked.m4r"));
         tw::ModalAnswer answers;
-        answers.then(typeName("Blocked"));
+        answers.then(mw::typeName("Blocked"));
         answers.then(tw::ModalAnswer::click("okBtn")); // try again: imports the song again
         get<QPushButton>("startbtn")->click();
         QVERIFY(QDir(programCacheDir()).rmdir("Blocked.m4r"));

@@ -15,6 +15,7 @@
 #include "engine/progressdlg.h"
 #include "library/filteredit.h"
 #include "mediafixtures.h"
+#include "shotsupport.h"
 #include "testenv.h"
 #include "tests/library/libraryfixture.h"
 #include "ui/hellownd.h"
@@ -40,15 +41,10 @@
 
 namespace {
 
-QString shotDir()
-{
-    return QStringLiteral(TW_BINARY_DIR "/screenshots");
-}
-
 QImage save(QWidget& widget, const QString& language, const QString& page)
 {
     const QImage image = widget.grab().toImage();
-    image.save(shotDir() + QString("/main-%1-%2.png").arg(language, page));
+    image.save(shots::dir() + QString("/main-%1-%2.png").arg(language, page));
     return image;
 }
 
@@ -70,11 +66,7 @@ class TestMainWndShots : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(QDir().mkpath(shotDir()));
-        QVERIFY(QDir::setCurrent(TW_BINARY_DIR));
-        QFile skin("skin/default/default.css");
-        QVERIFY(skin.open(QIODevice::ReadOnly));
-        qApp->setStyleSheet(QString::fromUtf8(skin.readAll()));
+        QVERIFY(shots::useProgramSkin());
         QVERIFY(!tw::mp3Fixture(60).isEmpty());
         QVERIFY(!tw::mp4AvFixture(10).isEmpty());
         // A library with playlists of both groups, for the column on the left.
@@ -199,7 +191,7 @@ private slots:
         for (const char* page :
              {"welcome", "library", "search", "progress", "editor-song", "editor-states",
               "editor-states2", "fields", "menu", "tooltip", "editor-video", "editor-song-picture"})
-            QVERIFY(QFile::exists(shotDir() + QString("/main-%1-%2.png").arg(language, page)));
+            QVERIFY(QFile::exists(shots::dir() + QString("/main-%1-%2.png").arg(language, page)));
         const QString file = wnd.findChild<QMenuBar*>("menuBar")->actions().first()->text();
         if (language == "ja")
             QVERIFY2(file != "File", qPrintable(file));

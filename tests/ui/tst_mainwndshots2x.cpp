@@ -9,6 +9,7 @@
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
 #include "mediafixtures.h"
+#include "shotsupport.h"
 #include "testenv.h"
 #include "ui/aboutdlg.h"
 #include "ui/mainwnd.h"
@@ -24,15 +25,10 @@
 
 namespace {
 
-QString shotDir()
-{
-    return QStringLiteral(TW_BINARY_DIR "/screenshots");
-}
-
 QImage save(QWidget& widget, const QString& name)
 {
     const QImage image = widget.grab().toImage();
-    image.save(shotDir() + "/" + name + "@2x.png");
+    image.save(shots::dir() + "/" + name + "@2x.png");
     return image;
 }
 
@@ -46,11 +42,7 @@ private slots:
     void initTestCase()
     {
         QCOMPARE(qApp->devicePixelRatio(), 2.0);
-        QVERIFY(QDir().mkpath(shotDir()));
-        QVERIFY(QDir::setCurrent(TW_BINARY_DIR));
-        QFile skin("skin/default/default.css");
-        QVERIFY(skin.open(QIODevice::ReadOnly));
-        qApp->setStyleSheet(QString::fromUtf8(skin.readAll()));
+        QVERIFY(shots::useProgramSkin());
         QVERIFY(!tw::mp3Fixture(60).isEmpty());
         QVERIFY(!tw::mp4AvFixture(10).isEmpty());
         CLanguage::instance()->translatorLan("en");
@@ -104,7 +96,7 @@ private slots:
 
         for (const char* name :
              {"main-en-welcome", "main-en-editor-song", "main-en-editor-video", "dialog-en-about"})
-            QVERIFY(QFile::exists(shotDir() + "/" + name + "@2x.png"));
+            QVERIFY(QFile::exists(shots::dir() + "/" + name + "@2x.png"));
     }
 };
 
