@@ -137,14 +137,14 @@ int main(int argc, char* argv[])
     QPixmap target(w.size());
     auto repaintOnce = [&] { w.repaint(); };
     auto renderOnce = [&] { w.render(&target); };
-    QScrollBar* bar = twed::w.scrollBarWidget();
+    QScrollBar* bar = w.scrollBarWidget();
     std::vector<QPoint> points(CWaveWnd::kPointCount);
     // The wave reduction alone, on the engine's peak table as painted.
     auto reduceOnce = [&] {
-        const int columns = std::min(w.getLength() - twed::w.model().scrollX(), w.width());
-        CWaveWnd::getMonoWave<qint16>(points.data(), twed::w.model().scrollX(),
-                                      twed::w.model().framesPerPixel(), 150, unsigned(columns), 240,
-                                      twed::w.playback().record().peakTable, 2);
+        const int columns = std::min(w.getLength() - w.model().scrollX(), w.width());
+        CWaveWnd::getMonoWave<qint16>(points.data(), w.model().scrollX(),
+                                      w.model().framesPerPixel(), 150, unsigned(columns), 240,
+                                      w.playback().record().peakTable, 2);
     };
     auto report = [&](const char* name) {
         const Figures r = measure(repaintOnce);
