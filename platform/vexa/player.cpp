@@ -403,6 +403,10 @@ void Player::run()
                 lock.lock();
             }
             onScreen = picture.ms;
+            // Straight on to the next picture, unless an event is due first:
+            // waiting here would hold every picture back to the event's pace.
+            if (Clock::now() - lastEvent < kEventEvery)
+                continue;
         }
         if (Clock::now() - lastEvent >= kEventEvery) {
             const int64_t at = clockNow();

@@ -254,6 +254,33 @@ private slots:
         VexaDestroy(p);
     }
 
+    void shouldShowThePicturesAtTheVideosOwnRate()
+    {
+        // 25 pictures a second, small enough to decode at once: playing
+        // shows them one after the other, not one per progress event.
+        const QString path = m_dir.filePath("rate25.mp4");
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", "testsrc=size=64x48:rate=25:duration=3", "-c:v",
+                            "libx264", "-pix_fmt", "yuv420p", path}));
+        Recorder rec;
+        VexaSetEnvironment(&rec.surface);
+        const int p = player(path, rec);
+        QVERIFY(p > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(rec.pictures() >= 1, 10000);
+        QCOMPARE(VexaPlay(p), int(KELO_OK));
+        QTRY_VERIFY_WITH_TIMEOUT(rec.lastPosition() >= 2000, 10000);
+        VexaPause(p);
+        int shown = 0;
+        {
+            std::lock_guard<std::mutex> lock(rec.mutex);
+            for (qint64 at : rec.positions)
+                shown += at > 0 && at <= 2000;
+        }
+        // 50 pictures in those two seconds; a late one may be skipped on a
+        // busy machine, but most must show.
+        QVERIFY2(shown >= 35, qPrintable(QString::number(shown)));
+        VexaDestroy(p);
+    }
+
     void shouldFailWithoutACrash()
     {
         Recorder rec;
