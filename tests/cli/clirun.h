@@ -1,12 +1,11 @@
 #pragma once
 // Runs the real tonewright-cli in a child process for the command-line
 // tests, and the checks they share: what a ringtone file holds, the decoded
-// samples of a file, checksums, and leftovers a run must not leave.
+// samples of a file and leftovers a run must not leave.
 
 #include "testenv.h"
 
 #include <QCoreApplication>
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -50,16 +49,6 @@ inline Run run(const QStringList& args, const QString& workDir = QString())
 inline QString describe(const Run& r)
 {
     return QString("exit %1\nstdout: %2\nstderr: %3").arg(r.code).arg(r.out, r.err);
-}
-
-inline QByteArray checksum(const QString& path)
-{
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return QByteArray();
-    QCryptographicHash h(QCryptographicHash::Sha256);
-    h.addData(&f);
-    return h.result();
 }
 
 // The file decoded by ffmpeg to interleaved 44.1 kHz stereo s16le.

@@ -46,18 +46,18 @@ private:
     void expectFailure(const QString& input, const QStringList& args, int code,
                        const QString& message, const QString& output)
     {
-        const QByteArray before = twcli::checksum(input);
+        const QByteArray before = tw::fileChecksum(input);
         const bool existed = QFile::exists(output);
-        const QByteArray outputBefore = twcli::checksum(output);
+        const QByteArray outputBefore = tw::fileChecksum(output);
         const twcli::Run r = twcli::run(args);
         QVERIFY2(r.code == code, qPrintable(twcli::describe(r)));
         QVERIFY2(r.err.contains(message), qPrintable(twcli::describe(r)));
         QVERIFY2(r.out.isEmpty(), qPrintable(twcli::describe(r)));
         QCOMPARE(QFile::exists(output), existed);
-        QCOMPARE(twcli::checksum(output), outputBefore);
+        QCOMPARE(tw::fileChecksum(output), outputBefore);
         QCOMPARE(twcli::hiddenFiles(QFileInfo(output).absolutePath()), QStringList());
         QCOMPARE(twcli::leftoverWaves(), QStringList());
-        QCOMPARE(twcli::checksum(input), before);
+        QCOMPARE(tw::fileChecksum(input), before);
     }
 
 private slots:
@@ -87,7 +87,7 @@ private slots:
 
     void shouldMakeARingtoneOfTheSpan()
     {
-        const QByteArray before = twcli::checksum(m_song);
+        const QByteArray before = tw::fileChecksum(m_song);
         const QString ring = out("span.m4r");
         const twcli::Run r = twcli::run({m_song, "-o", ring, "--start", "0:10", "--end", "0:40"});
         QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
@@ -98,7 +98,7 @@ private slots:
         QCOMPARE(twcli::probeAudio(ring, "channels"), QString("2"));
         QCOMPARE(twcli::brand(ring), QByteArray("M4A "));
         QVERIFY(lastsMs(ring, 30000));
-        QCOMPARE(twcli::checksum(m_song), before);
+        QCOMPARE(tw::fileChecksum(m_song), before);
         // The editor's temporary WAV is gone, nothing is staged beside the ringtone.
         QCOMPARE(twcli::leftoverWaves(), QStringList());
         QCOMPARE(twcli::hiddenFiles(m_dir.path()), QStringList());
@@ -211,12 +211,12 @@ private slots:
     {
         const QString ring = out("replace.m4r");
         QVERIFY(twcli::run({m_song, "-o", ring, "--length", "10", "-q"}).code == kExitOk);
-        const QByteArray first = twcli::checksum(ring);
+        const QByteArray first = tw::fileChecksum(ring);
         expectFailure(m_song, {m_song, "-o", ring, "--length", "20"}, kExitOutputExists,
                       "exists (--force replaces it)", ring);
         const twcli::Run r = twcli::run({m_song, "-o", ring, "--length", "20", "--force"});
         QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
-        QVERIFY(twcli::checksum(ring) != first);
+        QVERIFY(tw::fileChecksum(ring) != first);
         QVERIFY(lastsMs(ring, 20000));
     }
 
@@ -232,7 +232,7 @@ private slots:
         const twcli::Run r = twcli::run({m_song, "-o", ring, "--add-to-library"});
         QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
         QVERIFY2(QFile::exists(library + "/Library Tune.m4r"), qPrintable(library));
-        QCOMPARE(twcli::checksum(library + "/Library Tune.m4r"), twcli::checksum(ring));
+        QCOMPARE(tw::fileChecksum(library + "/Library Tune.m4r"), tw::fileChecksum(ring));
     }
 
     // --- progress, help, version ------------------------------------------------

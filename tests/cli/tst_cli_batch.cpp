@@ -108,15 +108,15 @@ private slots:
     {
         const QString outDir = m_dir.filePath("existing");
         QCOMPARE(twcli::run({m_song, "-d", outDir, "--length", "10", "-q"}).code, int(kExitOk));
-        const QByteArray first = twcli::checksum(outDir + "/song.m4r");
+        const QByteArray first = tw::fileChecksum(outDir + "/song.m4r");
         const twcli::Run again = twcli::run({m_song, m_video, "-d", outDir, "-q"});
         QVERIFY2(again.code == kExitBatchFailed, qPrintable(twcli::describe(again)));
         QVERIFY2(again.err.contains("exists (--force replaces it)"), qPrintable(again.err));
-        QCOMPARE(twcli::checksum(outDir + "/song.m4r"), first);
+        QCOMPARE(tw::fileChecksum(outDir + "/song.m4r"), first);
         QVERIFY(QFile::exists(outDir + "/clip.m4r"));
         const twcli::Run forced = twcli::run({m_song, "-d", outDir, "--force", "-q"});
         QCOMPARE(forced.code, int(kExitOk));
-        QVERIFY(twcli::checksum(outDir + "/song.m4r") != first);
+        QVERIFY(tw::fileChecksum(outDir + "/song.m4r") != first);
     }
 
     void shouldAddEveryMadeRingtoneToTheLibrary()
@@ -131,8 +131,8 @@ private slots:
         QVERIFY(QFile::exists(library + "/Batch One.m4r"));
         QVERIFY(QFile::exists(library + "/Batch Two.m4r"));
         QVERIFY(!QFile::exists(library + "/short.m4r"));
-        QCOMPARE(twcli::checksum(library + "/Batch One.m4r"),
-                 twcli::checksum(outDir + "/Batch One.m4r"));
+        QCOMPARE(tw::fileChecksum(library + "/Batch One.m4r"),
+                 tw::fileChecksum(outDir + "/Batch One.m4r"));
     }
 
     void shouldMakeTheFolderWhenMissingAndRefuseOneThatCannotBe()

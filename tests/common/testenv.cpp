@@ -3,6 +3,7 @@
 #include "engine/platformfolders.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -65,6 +66,16 @@ QString sharedData(const QString& name)
 {
     const QString path = QStringLiteral(TW_SHARED_DATA_DIR "/") + name;
     return QFile::exists(path) ? path : QString();
+}
+
+QByteArray fileChecksum(const QString& path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return QByteArray();
+    QCryptographicHash h(QCryptographicHash::Sha256);
+    h.addData(&f);
+    return h.result();
 }
 
 bool ffmpeg(const QStringList& args, QString* error)

@@ -27,6 +27,10 @@ QString testData(const QString& name);
 // repository (../shared/data); empty when that folder is absent.
 QString sharedData(const QString& name);
 
+// SHA-256 of a file's bytes; empty when it cannot be read. Tells whether a
+// user's file was left untouched.
+QByteArray fileChecksum(const QString& path);
+
 // Runs `ffmpeg -v error -y ARGS`; true on exit code 0. *error gets stderr.
 bool ffmpeg(const QStringList& args, QString* error = nullptr);
 // Runs ffprobe and returns its standard output (-of default=nw=1 style).

@@ -10,7 +10,6 @@
 #include "testenv.h"
 #include "wavewndfixture.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -33,16 +32,6 @@
 namespace {
 
 const double kAacFrameMs = 1024.0 * 1000.0 / 44100.0;
-
-QByteArray checksum(const QString& path)
-{
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return QByteArray();
-    QCryptographicHash h(QCryptographicHash::Sha256);
-    h.addData(&f);
-    return h.result();
-}
 
 QStringList tempWaves()
 {
@@ -194,7 +183,7 @@ private slots:
         QFETCH(QString, path);
         QFETCH(qint64, expectedEnd);
         QVERIFY(QFile::exists(path));
-        const QByteArray before = checksum(path);
+        const QByteArray before = tw::fileChecksum(path);
         const QStringList wavesBefore = tempWaves();
         QSignalSpy opened(m_wnd, &CWaveWnd::waveOpened);
         QSignalSpy selected(m_wnd, &CWaveWnd::selectChange);
@@ -223,7 +212,7 @@ private slots:
         QCOMPARE(head.mid(0, 4), QByteArray("RIFF"));
         QCOMPARE(head.mid(8, 4), QByteArray("WAVE"));
         QCOMPARE(head.mid(36, 4), QByteArray("data"));
-        QCOMPARE(checksum(path), before);
+        QCOMPARE(tw::fileChecksum(path), before);
     }
 
     void shouldCopyAWaveAsItStands()
@@ -236,7 +225,7 @@ private slots:
         QCOMPARE(m_wnd->openFile(song(path)), 0);
         QCOMPARE(opened.count(), 1);
         QVERIFY(m_wnd->playback().record().peakTable != nullptr);
-        QCOMPARE(checksum(m_wnd->io().getWavePath()), checksum(path));
+        QCOMPARE(tw::fileChecksum(m_wnd->io().getWavePath()), tw::fileChecksum(path));
         QCOMPARE(selected.last().at(1).toTime(), QTime(0, 0, 12, 0));
 
         // One new temporary file in the cache, named by the time of day: the
@@ -306,12 +295,12 @@ private slots:
             f.seek(0);
             f.write(all);
         }
-        const QByteArray before = checksum(path);
+        const QByteArray before = tw::fileChecksum(path);
         QSignalSpy opened(m_wnd, &CWaveWnd::waveOpened);
         const int rc = m_wnd->openFile(song(path));
         QVERIFY2(rc < 0, qPrintable(QString::number(rc)));
         QCOMPARE(opened.count(), 0);
-        QCOMPARE(checksum(path), before);
+        QCOMPARE(tw::fileChecksum(path), before);
     }
 
     // --- export -----------------------------------------------------------
@@ -319,7 +308,7 @@ private slots:
     void shouldExportSelectionWithFadesAndVolumeIntoTheLibrary()
     {
         const QString src = tone("export.flac", 60, {"-c:a", "flac"});
-        const QByteArray before = checksum(src);
+        const QByteArray before = tw::fileChecksum(src);
         QCOMPARE(m_wnd->openFile(song(src)), 0);
         const QString firstWave = m_wnd->io().getWavePath();
 
@@ -370,8 +359,8 @@ private slots:
         // In the library's ringtones place, the source untouched.
         const QString placed = ringtoneDir() + QString::fromUtf8("/My Ring é.m4r");
         QVERIFY2(QFile::exists(placed), qPrintable(placed));
-        QCOMPARE(checksum(placed), checksum(ring));
-        QCOMPARE(checksum(src), before);
+        QCOMPARE(tw::fileChecksum(placed), tw::fileChecksum(ring));
+        QCOMPARE(tw::fileChecksum(src), before);
 
         // The editor reloaded a fresh temporary WAV and kept its selection.
         const QString secondWave = m_wnd->io().getWavePath();
@@ -450,7 +439,7 @@ private slots:
     void shouldFailOnAnUnwritableDestinationAndStayUsable()
     {
         const QString src = tone("song.mp3", 60, {"-c:a", "libmp3lame"});
-        const QByteArray before = checksum(src);
+        const QByteArray before = tw::fileChecksum(src);
         QCOMPARE(m_wnd->openFile(song(src)), 0);
         const QString blocker = m_dir.filePath("a-file");
         {
@@ -463,7 +452,7 @@ private slots:
         QVERIFY2(rc < 0, qPrintable(QString::number(rc)));
         QVERIFY(!QFile::exists(bad));
         QVERIFY(!QFile::exists(ringtoneDir() + "/ring.m4r"));
-        QCOMPARE(checksum(src), before);
+        QCOMPARE(tw::fileChecksum(src), before);
 
         // A new openFile brings the editor back, and exporting works again.
         QCOMPARE(m_wnd->openFile(song(src)), 0);
@@ -531,7 +520,7 @@ private slots:
     {
         QFETCH(QString, path);
         QVERIFY2(QFile::exists(path), "frozen-bubble-data is installed by scripts/install-deps.sh");
-        const QByteArray before = checksum(path);
+        const QByteArray before = tw::fileChecksum(path);
         QSignalSpy opened(m_wnd, &CWaveWnd::waveOpened);
         QCOMPARE(m_wnd->openFile(song(path)), 0);
         QCOMPARE(opened.count(), 1);
@@ -563,7 +552,7 @@ private slots:
         const std::vector<qint16> pcm = decode(ring);
         QVERIFY(rms(pcm, 0, 50) < rms(pcm, 10000, 2000));
         QVERIFY(QFile::exists(ringtoneDir() + "/" + QFileInfo(ring).fileName()));
-        QCOMPARE(checksum(path), before);
+        QCOMPARE(tw::fileChecksum(path), before);
     }
 };
 
