@@ -2,12 +2,14 @@
 
 #include "app/appdir.h"
 #include "app/commandline.h"
-#include "app/language.h"
-#include "app/mpconfig.h"
 #include "app/msghandlerloger.h"
+#include "core/language.h"
+#include "core/mpconfig.h"
+#include "core/settingskeys.h"
 #include "crash/crashhandler.h"
 #include "crash/crashreportdlg.h"
 #include "crash/reportdetails.h"
+#include "editor/ringtoneexport.h"
 #include "engine/platformfolders.h"
 #include "library/libraryloader.h"
 #include "ui/mainwnd.h"
@@ -33,9 +35,10 @@ void removeTempFiles()
         dir.mkpath(path);
         return;
     }
-    const QStringList names = dir.entryList(QStringList() << "*.tmp"
-                                                          << "*.m4r",
-                                            QDir::Files, QDir::Unsorted);
+    // The window writes each ringtone here before the library copies it.
+    const QString ringtones = "*" + QLatin1String(CRingtoneExport::format().extension);
+    const QStringList names =
+        dir.entryList(QStringList() << "*.tmp" << ringtones, QDir::Files, QDir::Unsorted);
     for (const QString& name : names) {
         const QString file = path + "/" + name;
         if (QFile::exists(file)) {
@@ -47,10 +50,10 @@ void removeTempFiles()
 
 bool checkCrashFlag(QSettings& settings, const std::function<void(bool)>& bugReport)
 {
-    const bool crashed = settings.value("crashFlag", false).toBool();
+    const bool crashed = settings.value(settingskeys::kCrashFlag, false).toBool();
     if (crashed && bugReport)
         bugReport(false);
-    settings.setValue("crashFlag", true);
+    settings.setValue(settingskeys::kCrashFlag, true);
     settings.sync();
     return crashed;
 }
@@ -139,7 +142,7 @@ int tonewrightMain(int argc, char* argv[])
     }
     const int rc = app->exec();
 
-    settings->setValue("crashFlag", false);
+    settings->setValue(settingskeys::kCrashFlag, false);
     settings->sync();
     qDebug("safed return"); // spelled so on purpose: the log line is matched as it is
 

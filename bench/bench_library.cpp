@@ -6,9 +6,9 @@
 // the same files as a command. Figures only.
 
 #include "engine/platformfolders.h"
+#include "engine/ringtonenode.h"
 #include "library/ItunesWrap.h"
 #include "library/ringtonemodel.h"
-#include "library/ringtonenode.h"
 #include "testenv.h"
 
 #include <itunesagent.h>

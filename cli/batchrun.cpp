@@ -3,8 +3,7 @@
 #include "cli/consoleprogress.h"
 #include "cli/exitcodes.h"
 #include "cli/ringtonemaker.h"
-#include "editor/ringtonename.h"
-#include "library/ItunesWrap.h"
+#include "editor/ringtoneexport.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -26,7 +25,7 @@ CBatchRun::~CBatchRun() = default;
 
 QString CBatchRun::outputFor(const QString& directory, const QString& input)
 {
-    return QDir(directory).filePath(safeRingtoneName(QFileInfo(input).completeBaseName()) + ".m4r");
+    return QDir(directory).filePath(CRingtoneExport::fileName(QFileInfo(input).completeBaseName()));
 }
 
 int CBatchRun::run()
@@ -79,8 +78,8 @@ int CBatchRun::run()
         if (item.exitCode != kExitOk)
             continue;
         ++made;
-        if (m_options.addToLibrary && CItunesWraper::instance()->AddToItunes(
-                                          QFileInfo(item.output).absoluteFilePath()) != 0) {
+        if (m_options.addToLibrary &&
+            CRingtoneExport::addToLibrary(QFileInfo(item.output).absoluteFilePath()) != 0) {
             std::fprintf(stderr, "tonewright-cli: %s: written, but the library did not take it\n",
                          QFile::encodeName(item.output).constData());
             --made;

@@ -1,8 +1,8 @@
 #pragma once
 // -d: one ringtone per input, each made by a child run of this program
 // (one input, -o, quiet), at most `jobs` at a time, so that every core
-// works. Each ringtone is named after its input (safeRingtoneName of the
-// base name, ".m4r"). Reports each input as it ends and a summary; adds the
+// works. Each ringtone is named after its input (the ringtone file name of
+// its base name). Reports each input as it ends and a summary; adds the
 // made ringtones to the library one after the other when asked (the library
 // is written by this process only). Needs the application object.
 

@@ -2,6 +2,7 @@
 
 #include "cli/exitcodes.h"
 #include "cli/timearg.h"
+#include "editor/ringtoneexport.h"
 #include "editor/ringtonename.h"
 #include "editor/wavemodel.h"
 
@@ -210,7 +211,7 @@ CliCommand parseCliArguments(const QStringList& arguments)
                                              "%2 s")
                                          .arg(span / 1000.0)
                                          .arg(kMinSelection / 1000));
-    if (span >= kRingtoneLimitMs && !o.allowLong)
+    if (CRingtoneExport::isTooLong(span) && !o.allowLong)
         return refuse(kExitTooLong, QString("the ringtone would be %1 s long; phones refuse %2 s "
                                             "and more (--allow-long makes it all the same)")
                                         .arg(span / 1000.0)

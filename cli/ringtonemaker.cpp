@@ -2,13 +2,13 @@
 
 #include "cli/exitcodes.h"
 #include "cli/timearg.h"
-#include "editor/ringtonename.h"
+#include "editor/ringtoneexport.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
+#include "engine/progresswait.h"
+#include "engine/ringtonenode.h"
 #include "engine/timelinehelper.h"
-#include "library/ItunesWrap.h"
-#include "library/ringtonenode.h"
 
 #include <QDir>
 #include <QFile>
@@ -133,8 +133,10 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     CWaveModel model;
     model.setViewWidth(kViewWidth);
     CWavePlayback playback(model);
-    CWaveIo io(model, playback, nullptr);
-    io.setExportOnly(true);
+    CProgressWait wait;
+    CWaveIo io(playback, &wait);
+    CRingtoneExport ringtone(model, playback, io);
+    ringtone.setExportOnly(true);
     CRingToneNode song;
     song.strPath = input;
     io.setNode(song);
@@ -142,7 +144,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
 
     // Decoding is the first half of the work, encoding the second (the
     // export's phase reports 0..50).
-    io.setProgressReport([&progress](int percent) { progress(percent / 2); });
+    wait.setPercentReport([&progress](int percent) { progress(percent / 2); });
     const int decoded = io.convertToWave(input);
     if (decoded == -4) {
         m_message = QString("%1: no audio stream").arg(input);
@@ -173,7 +175,8 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     // A hidden name in the output's folder: the rename that ends the run is
     // then one step on one file system, and a failure leaves only this.
     const QFileInfo out(output);
-    QTemporaryFile staging(out.absolutePath() + "/.tonewright-XXXXXX.m4r");
+    QTemporaryFile staging(out.absolutePath() + "/.tonewright-XXXXXX" +
+                           QLatin1String(CRingtoneExport::format().extension));
     if (!staging.open()) {
         playback.release();
         m_message = QString("%1: the folder %2 cannot be written (%3)")
@@ -182,8 +185,8 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     }
     staging.close();
 
-    io.setProgressReport([&progress](int percent) { progress(50 + percent); });
-    if (io.convertToM4r(staging.fileName()) < 0) {
+    wait.setPercentReport([&progress](int percent) { progress(50 + percent); });
+    if (ringtone.exportTo(staging.fileName()) < 0) {
         m_message =
             QString("%1: the ringtone could not be encoded into %2").arg(input, out.absolutePath());
         return kExitConversionFailed;
@@ -203,8 +206,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
 
     m_message = QString("%1: %2 to %3 (%4)")
                     .arg(output, formatTimeArg(begin), formatTimeArg(end), seconds(end - begin));
-    if (m_options.addToLibrary &&
-        CItunesWraper::instance()->AddToItunes(out.absoluteFilePath()) != 0) {
+    if (m_options.addToLibrary && CRingtoneExport::addToLibrary(out.absoluteFilePath()) != 0) {
         m_message = QString("%1: written, but the library did not take it").arg(output);
         return kExitLibraryFailed;
     }

@@ -1,6 +1,6 @@
 #pragma once
 // One input into one ringtone, through the editor's own import and export
-// (CWaveIo over a CWaveModel and a CWavePlayback): the input becomes the
+// (CWaveIo and CRingtoneExport over a CWaveModel and a CWavePlayback): the input becomes the
 // editor's temporary WAV, the span, fades and volume are set as the editor
 // sets them, and the export renders the span. The ringtone is written under
 // a hidden name beside the output and renamed into place when complete; the

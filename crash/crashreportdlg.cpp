@@ -1,8 +1,8 @@
 #include "crash/crashreportdlg.h"
 
-#include "app/branding.h"
+#include "core/branding.h"
 #include "crash/crashhandler.h"
-#include "ui/linktext.h"
+#include "widgets/linktext.h"
 
 #include <bugreport.h>
 #include <vexa.h>

@@ -6,7 +6,7 @@
 // prepared message. Made on demand by the main window and run modally; GUI
 // thread (packing and sending block it while they run).
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <QString>
 

@@ -1,84 +1,23 @@
 #include "editor/waveio.h"
 
-#include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
 #include "engine/convertwraper.h"
 #include "engine/platformfolders.h"
-#include "engine/progressdlg.h"
+#include "engine/progresswait.h"
 #include "engine/timelinehelper.h"
-#include "library/ItunesWrap.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QThread>
 #include <QTime>
-#include <QTimer>
 
 #include <vexa.h>
 
-#include <atomic>
 #include <cstdio>
 #include <cstring>
 
 namespace {
-
-// Stands in for the progress pane when the editor has none (a bare editor):
-// waits the same way, without showing anything.
-class SilentProgress : public IProgress
-{
-public:
-    void setProgress(int value, int state) override
-    {
-        progress.store(value, std::memory_order_relaxed);
-        status.store(state, std::memory_order_relaxed);
-    }
-    void finish() override {}
-    // `report`, when set, hears the percentage the pane would show, reckoned
-    // the pane's way from the phase's weight and offset.
-    int start(float weight, float offset, bool wait, const std::function<void(int)>& report)
-    {
-        if (!wait)
-            return 1;
-        progress.store(0);
-        // Sleeps until the engine's next progress call (posted to this
-        // thread) or the timer's tick, instead of spinning: several of these
-        // waits run side by side in a command-line batch.
-        QTimer tick;
-        tick.start(25);
-        for (;;) {
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
-                                            QEventLoop::WaitForMoreEvents);
-            const int current = progress.load(std::memory_order_relaxed);
-            if (report)
-                report(static_cast<int>(current / 100.0 * weight + offset * 100.0));
-            if (current >= KELO_PROGRESS_DONE)
-                break;
-            if (status.load(std::memory_order_relaxed) < 0)
-                return -2;
-        }
-        status.store(KELO_PROGRESS_DONE);
-        return 1;
-    }
-
-private:
-    std::atomic<int> progress{0};
-    std::atomic<int> status{KELO_PROGRESS_DONE};
-};
-
-SilentProgress& silentProgress()
-{
-    static SilentProgress progress;
-    return progress;
-}
-
-// Removes a leftover of the same name before a conversion writes there.
-void removeIfExists(const QString& path)
-{
-    if (QFile::exists(path))
-        QFile::remove(path);
-}
 
 // Copies src over the claimed file dest, which stays in place throughout.
 bool copyInto(const QString& src, const QString& dest)
@@ -98,10 +37,13 @@ bool copyInto(const QString& src, const QString& dest)
 
 } // namespace
 
-CWaveIo::CWaveIo(CWaveModel& model, CWavePlayback& playback, CProgressDlg* dlg)
-    : m_model(model), m_playback(playback), progressDlg(dlg)
+CWaveIo::CWaveIo(CWavePlayback& playback, CProgressWait* progressWait)
+    : m_playback(playback), m_ownWait(progressWait ? nullptr : std::make_unique<CProgressWait>()),
+      m_wait(progressWait ? progressWait : m_ownWait.get())
 {
 }
+
+CWaveIo::~CWaveIo() = default;
 
 QString CWaveIo::newTempWavePath()
 {
@@ -119,15 +61,9 @@ QString CWaveIo::newTempWavePath()
     }
 }
 
-IProgress* CWaveIo::progressSink() const
-{
-    return progressDlg ? static_cast<IProgress*>(progressDlg) : &silentProgress();
-}
-
 int CWaveIo::waitPhase(float weight, float offset, bool wait)
 {
-    return progressDlg ? progressDlg->start(weight, offset, wait)
-                       : silentProgress().start(weight, offset, wait, progressReport);
+    return m_wait->start(weight, offset, wait);
 }
 
 int CWaveIo::convertToWave(const QString& src)
@@ -142,8 +78,7 @@ int CWaveIo::convertToWave(const QString& src)
     if (!isWaveFile(local.constData())) {
         const QByteArray dest = wavePath.toLocal8Bit();
         if (CConvertWraper::instance()->convertTo(local.constData(), dest.constData(), "wav",
-                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate,
-                                                  progressSink()) < 0)
+                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait) < 0)
             return -2;
         // A failure reported by the pane still answers 1: the engine then refuses the file.
         return waitPhase(1.0f, 0.0f, true) != 0 ? 1 : -2;
@@ -181,8 +116,7 @@ int CWaveIo::reload()
     int rc = 1;
     if (!isWaveFile(src.constData())) {
         if (CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
-                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate,
-                                                  progressSink()) < 0)
+                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait) < 0)
             return -2;
         rc = waitPhase(0.5f, 0.5f, true);
     } else {
@@ -193,33 +127,4 @@ int CWaveIo::reload()
         return -3;
     // Selection, zoom and scroll stay as they are, so the user can export again at once.
     return m_playback.open(wavePath);
-}
-
-int CWaveIo::convertToM4r(const QString& m4rPath)
-{
-    if (m4rPath.isEmpty())
-        return -1;
-    qDebug().noquote() << "convert m4r:" << m4rPath;
-    m_playback.applyEffect(true);
-    removeIfExists(m4rPath);
-
-    if (m_playback.isOpen()) {
-        // Closing the engine writes the volume and the fades into the temporary WAV.
-        m_playback.closeForExport();
-    }
-
-    const QByteArray src = wavePath.toLocal8Bit();
-    const QByteArray dest = m4rPath.toLocal8Bit();
-    int rc = CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "mp4",
-                                                   KELO_CODEC_AAC, kEditorBitRate, progressSink(),
-                                                   m_model.beginTime(), m_model.endTime());
-    if (rc < 0)
-        return rc;
-    rc = waitPhase(0.5f, 0.0f, true);
-    if (rc < 0)
-        return rc;
-    if (exportOnly)
-        return 0;
-    CItunesWraper::instance()->AddToItunes(m4rPath);
-    return reload();
 }

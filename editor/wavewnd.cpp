@@ -5,6 +5,7 @@
 
 #include "editor/wavewnd.h"
 
+#include "editor/ringtoneexport.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
@@ -28,11 +29,13 @@ constexpr int kEmptyPageLength = 100;
 
 } // namespace
 
-CWaveWnd::CWaveWnd(QWidget* parent, CProgressDlg* dlg)
+CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
     : QWidget(parent), scrollBar(nullptr), reservedConst(11),
       m_model(std::make_unique<CWaveModel>()),
       m_playback(std::make_unique<CWavePlayback>(*m_model)),
-      m_io(std::make_unique<CWaveIo>(*m_model, *m_playback, dlg)), points(new QPoint[kPointCount]())
+      m_io(std::make_unique<CWaveIo>(*m_playback, progressWait)),
+      m_export(std::make_unique<CRingtoneExport>(*m_model, *m_playback, *m_io)),
+      points(new QPoint[kPointCount]())
 {
     m_model->setViewWidthSource([this] { return width(); });
     setContentsMargins(0, 0, 0, 0);

@@ -4,15 +4,15 @@
 // sends the editor's signals; the editor's logic lives in three widget-free
 // parts it forwards to: CWaveModel (times, selection, zoom, scroll and every
 // gesture's rule), CWavePlayback (the engine record and the play state
-// machine) and CWaveIo (import and export of the song).
-// Ownership: the widget owns its scroll bar (Qt child), the three parts and
-// the point buffer (unique_ptr). The progress dialog is borrowed. Everything
+// machine), CWaveIo (import of the song) and CRingtoneExport (the ringtone).
+// Ownership: the widget owns its scroll bar (Qt child), the four parts and
+// the point buffer (unique_ptr). The progress wait is borrowed. Everything
 // runs on the GUI thread; only the engine's SDL callback reads the record
 // from the audio thread. The code is split: state and slots in wavewnd.cpp,
 // drawing in wavewnd_paint.cpp, mouse in wavewnd_mouse.cpp, import/export
 // and drops in wavewnd_io.cpp.
 
-#include "library/ringtonenode.h"
+#include "engine/ringtonenode.h"
 
 #include <QPainterPath>
 #include <QPoint>
@@ -22,7 +22,8 @@
 
 #include <memory>
 
-class CProgressDlg;
+class CProgressWait;
+class CRingtoneExport;
 class CWaveIo;
 class CWaveModel;
 class CWavePlayback;
@@ -45,7 +46,7 @@ public:
     static constexpr int kPointCount = 4096;
     static constexpr int kMaxColumns = kPointCount / 2;
 
-    explicit CWaveWnd(QWidget* parent = nullptr, CProgressDlg* progressDlg = nullptr);
+    explicit CWaveWnd(QWidget* parent = nullptr, CProgressWait* progressWait = nullptr);
     ~CWaveWnd() override;
 
     CWaveWnd(const CWaveWnd&) = delete;
@@ -61,6 +62,7 @@ public:
     const CWaveModel& model() const { return *m_model; }
     CWavePlayback& playback() { return *m_playback; }
     CWaveIo& io() { return *m_io; }
+    CRingtoneExport& ringtoneExport() { return *m_export; }
     QScrollBar* scrollBarWidget() const { return scrollBar; }
 
     // --- selection, times and zoom ---
@@ -166,5 +168,6 @@ private:
     std::unique_ptr<CWaveModel> m_model;
     std::unique_ptr<CWavePlayback> m_playback;
     std::unique_ptr<CWaveIo> m_io;
+    std::unique_ptr<CRingtoneExport> m_export;
     std::unique_ptr<QPoint[]> points;
 };

@@ -2,6 +2,7 @@
 // editor does not open a dropped file itself: it tells the main window,
 // which makes a song record of it and calls openFile.
 
+#include "editor/ringtoneexport.h"
 #include "editor/waveio.h"
 #include "editor/wavewnd.h"
 #include "engine/timelinehelper.h"
@@ -37,7 +38,7 @@ int CWaveWnd::reload()
 
 int CWaveWnd::convertToM4r(QString m4rPath)
 {
-    const int rc = m_io->convertToM4r(m4rPath);
+    const int rc = m_export->exportTo(m4rPath);
     update();
     return rc;
 }

@@ -105,7 +105,7 @@ int CConvertWraper::convertTo(const char* src, const char* dest, const char* for
     param.dReserved32 = 0.0;
     param.nAudioCodec = codec;
     param.nAudioBitRate = bitRate;
-    param.nSampleRate = 44100;
+    param.nSampleRate = KELO_OUTPUT_SAMPLE_RATE;
     param.nChannels = 2;
     param.nBitsPerSample = 16;
     param.pszFormat = format;

@@ -7,7 +7,7 @@
 // Owns its children through Qt parents; the video player lives in the
 // CVideoPlayerWraper singleton. GUI thread.
 
-#include "library/ringtonenode.h"
+#include "engine/ringtonenode.h"
 
 #include <QWidget>
 

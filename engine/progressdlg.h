@@ -1,21 +1,19 @@
 #pragma once
 // CProgressDlg: the busy pane shown while the media engine converts — an
-// animation with the percentage laid over it. It is also the IProgress that
-// the engine's progress callback writes into, and start() is the wait loop
-// in which the GUI thread keeps processing events until a conversion ends.
-// Owned by the main window (Qt parent); the movie is owned and deleted here.
-// setProgress may run on any thread; everything else on the GUI thread.
+// animation with the percentage laid over it. The waiting itself is
+// CProgressWait's; the pane only shows the percentage each turn of a wait
+// tells it. Owned by the main window (Qt parent); the movie is owned and
+// deleted here. setProgress may run on any thread; everything else on the
+// GUI thread.
 
-#include "engine/iprogress.h"
+#include "engine/progresswait.h"
 
 #include <QWidget>
-
-#include <atomic>
 
 class QLabel;
 class QMovie;
 
-class CProgressDlg : public QWidget, public IProgress
+class CProgressDlg : public QWidget, public CProgressWait
 {
     Q_OBJECT
 
@@ -23,17 +21,9 @@ public:
     explicit CProgressDlg(QWidget* parent = nullptr);
     ~CProgressDlg() override;
 
-    void setProgress(int progress, int status) override;
-    void finish() override;
-    // 1 when the phase is over, -2 when the engine reported a failure.
-    int start(float weight, float offset, bool wait);
-
 private:
-    // Plain numbers written by one thread and read by another; relaxed
-    // atomics give exactly "the old or the new value" and nothing more.
-    std::atomic<float> progress;
-    std::atomic<int> status;
-    bool flag;
+    void showPercent(int percent);
+
     QLabel* m_animationLabel;
     QMovie* m_movie;
     QLabel* m_percentLabel;

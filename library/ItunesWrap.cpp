@@ -1,7 +1,7 @@
 #include "library/ItunesWrap.h"
 
+#include "engine/ringtonenode.h"
 #include "library/librarynode.h"
-#include "library/ringtonenode.h"
 #include "library/songsink.h"
 
 #include <itunesagent.h>

@@ -6,8 +6,8 @@
 // clearRingTone and the destructor). GUI thread only; a search runs to its
 // end inside Search().
 
+#include "engine/ringtonenode.h"
 #include "library/librarytypes.h"
-#include "library/ringtonenode.h"
 #include "library/songsink.h"
 
 #include <QAbstractTableModel>

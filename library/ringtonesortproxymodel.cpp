@@ -1,7 +1,7 @@
 #include "library/ringtonesortproxymodel.h"
 
+#include "engine/ringtonenode.h"
 #include "library/ringtonemodel.h"
-#include "library/ringtonenode.h"
 
 CRingToneSortProxyModel::CRingToneSortProxyModel(QObject* parent)
     : QSortFilterProxyModel(parent), type(FT_ALL)

@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 lupdate=${LUPDATE:-/usr/lib/qt6/bin/lupdate}
 sources=()
-for dir in app audio editor engine library ui update crash cli; do
+for dir in app core widgets audio editor engine library ui update crash cli; do
   [ -d "$dir" ] && sources+=("$dir")
 done
 for code in en fr ja de es it nl pt zh; do

@@ -1,8 +1,8 @@
 #include "ui/aboutdlg.h"
 
-#include "app/branding.h"
-#include "ui/linktext.h"
+#include "core/branding.h"
 #include "ui_aboutdlg.h"
+#include "widgets/linktext.h"
 
 #include <QEvent>
 

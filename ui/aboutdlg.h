@@ -4,7 +4,7 @@
 // its Designer form; its texts follow the language. Created once by the main
 // window and run modally from Help, About. GUI thread.
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <memory>
 

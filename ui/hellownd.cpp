@@ -1,6 +1,6 @@
 #include "ui/hellownd.h"
 
-#include "app/branding.h"
+#include "core/branding.h"
 #include "engine/gifsupported.h"
 #include "engine/timelinehelper.h"
 

@@ -9,8 +9,8 @@
 // the editing controls and the convert flow in mainwnd_controls.cpp, the
 // menu bar, links, language, updates and problem reports in mainwnd_menu.cpp.
 
+#include "engine/ringtonenode.h"
 #include "library/librarytypes.h"
-#include "library/ringtonenode.h"
 
 #include <QDialog>
 #include <QModelIndex>

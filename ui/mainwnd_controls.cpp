@@ -3,14 +3,14 @@
 
 #include "ui/mainwnd.h"
 
-#include "app/branding.h"
+#include "core/branding.h"
+#include "editor/ringtoneexport.h"
 #include "editor/ringtonename.h"
 #include "editor/wavemodel.h"
 #include "editor/wavewnd.h"
 #include "engine/platformfolders.h"
 #include "engine/previewwnd.h"
 #include "engine/timeconvert.h"
-#include "library/ItunesWrap.h"
 #include "ui/namedlg.h"
 #include "ui/tickerlabel.h"
 #include "ui/tryagaindlg.h"
@@ -18,7 +18,6 @@
 #include <QCheckBox>
 #include <QDesktopServices>
 #include <QDir>
-#include <QFile>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -397,7 +396,7 @@ void CMainWnd::convert()
 
     const long long length = CTimeConvert::timeToLong(m_waveWnd->getEndTime()) -
                              CTimeConvert::timeToLong(m_waveWnd->getBeginTime());
-    if (length >= kRingtoneLimitMs &&
+    if (CRingtoneExport::isTooLong(length) &&
         QMessageBox::warning(this, QObject::tr("Tonewright"),
                              tr("The selection is %1 seconds long. Phones refuse ringtones of 40 "
                                 "seconds or more.<br>Create it anyway?")
@@ -424,18 +423,15 @@ void CMainWnd::convert()
 
 QString CMainWnd::ringtonePathFor(const QString& dir, const QString& name)
 {
-    const QString safe = safeRingtoneName(name);
-    const QString file = safe + ".m4r";
-    const QString inLibrary = CItunesWraper::instance()->ringtoneDir();
-    if (!inLibrary.isEmpty() && QFile::exists(inLibrary + "/" + file) &&
+    if (!CRingtoneExport::replacedInLibrary(name).isEmpty() &&
         QMessageBox::question(this, QObject::tr("Tonewright"),
                               tr("A ringtone named \"%1\" is already in your library.<br>Replace "
                                  "it?")
-                                  .arg(safe.toHtmlEscaped()),
+                                  .arg(safeRingtoneName(name).toHtmlEscaped()),
                               QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::No) != QMessageBox::Yes)
         return QString();
-    return dir + file;
+    return dir + CRingtoneExport::fileName(name);
 }
 
 void CMainWnd::notityConvertFailed(int page)

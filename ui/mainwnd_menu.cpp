@@ -3,9 +3,9 @@
 
 #include "ui/mainwnd.h"
 
-#include "app/branding.h"
-#include "app/language.h"
-#include "app/mpconfig.h"
+#include "core/branding.h"
+#include "core/language.h"
+#include "core/mpconfig.h"
 #include "crash/crashreportdlg.h"
 #include "library/filteredit.h"
 #include "ui/aboutdlg.h"

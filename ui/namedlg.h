@@ -4,7 +4,7 @@
 // language change leaves them as they are). Made on the stack for one use
 // by the convert flow. GUI thread.
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <QString>
 

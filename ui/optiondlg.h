@@ -3,7 +3,7 @@
 // each. OK asks every page to save itself, in tab order; Cancel closes.
 // Created once by the main window and run modally. GUI thread.
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "ui/optionpages.h"
 
-#include "app/mpconfig.h"
+#include "core/mpconfig.h"
 
 #include <QEvent>
 

@@ -3,7 +3,7 @@
 // again; accepted means "try again". Made on the stack for one use after a
 // failed import or export. GUI thread.
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <QString>
 

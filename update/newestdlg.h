@@ -3,7 +3,7 @@
 // the user asked for. Built from its Designer form; created once by the main
 // window and run modally. GUI thread.
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <QString>
 

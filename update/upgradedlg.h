@@ -3,7 +3,7 @@
 // and opens its download address ("Download Now"). Built from its Designer
 // form; created once by the main window and run modally. GUI thread.
 
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 #include <QString>
 

@@ -6,6 +6,8 @@
 
 #include "avhandles.h"
 
+#include "vexa.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -13,7 +15,7 @@
 namespace vexa {
 
 // The format of every render.
-constexpr int kOutRate = 44100;
+constexpr int kOutRate = KELO_OUTPUT_SAMPLE_RATE;
 constexpr int kOutChannels = 2;
 
 class PcmSource

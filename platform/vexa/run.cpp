@@ -31,7 +31,7 @@ extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloR
     if (!media || count != 1 || !param || !param->pszFormat || !param->pszDest || !*param->pszDest)
         return KELO_E_ARGUMENT;
     // Every render is 44 100 Hz stereo 16-bit; zeros take those values.
-    if ((param->nSampleRate != 0 && param->nSampleRate != 44100) ||
+    if ((param->nSampleRate != 0 && param->nSampleRate != KELO_OUTPUT_SAMPLE_RATE) ||
         (param->nChannels != 0 && param->nChannels != 2) ||
         (param->nBitsPerSample != 0 && param->nBitsPerSample != 16) || param->nAudioBitRate < 0)
         return KELO_E_ARGUMENT;

@@ -4,8 +4,8 @@
 // The program itself runs in a child process: this executable started with
 // --run-app runs the real start-up and closes its window after a moment.
 
-#include "app/mpconfig.h"
 #include "app/startup.h"
+#include "core/mpconfig.h"
 #include "crash/crashhandler.h"
 #include "testenv.h"
 #include "ui/mainwnd.h"

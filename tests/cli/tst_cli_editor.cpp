@@ -8,7 +8,7 @@
 #include "editor/wavemodel.h"
 #include "editor/wavewnd.h"
 #include "engine/progressdlg.h"
-#include "library/ringtonenode.h"
+#include "engine/ringtonenode.h"
 #include "mediafixtures.h"
 #include "testenv.h"
 

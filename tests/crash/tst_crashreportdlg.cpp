@@ -2,7 +2,7 @@
 // for one offered after an unclean end, the crash log it picks, the mail it
 // sends through a local SMTP listener, and the mail client it falls back to.
 
-#include "app/mpconfig.h"
+#include "core/mpconfig.h"
 #include "crash/crashhandler.h"
 #include "crash/crashreportdlg.h"
 #include "crash/reportdetails.h"

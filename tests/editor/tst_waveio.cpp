@@ -4,6 +4,7 @@
 // ringtone in the library, and the temporary WAV is rebuilt for the next
 // export.
 
+#include "editor/ringtoneexport.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
@@ -68,7 +69,7 @@ private slots:
     {
         CWaveModel model;
         CWavePlayback playback(model);
-        CWaveIo io(model, playback, nullptr);
+        CWaveIo io(playback, nullptr);
         const QString mp3 = tw::mp3Fixture(5);
         QVERIFY(!mp3.isEmpty());
         QCOMPARE(io.convertToWave(mp3), 1);
@@ -91,7 +92,7 @@ private slots:
     {
         CWaveModel model;
         CWavePlayback playback(model);
-        CWaveIo io(model, playback, nullptr);
+        CWaveIo io(playback, nullptr);
         const QString wav = tw::wavFixture(3);
         QCOMPARE(io.convertToWave(wav), 1);
         QCOMPARE(fx::sha1(io.getWavePath()), fx::sha1(wav));
@@ -101,7 +102,7 @@ private slots:
     {
         CWaveModel model;
         CWavePlayback playback(model);
-        CWaveIo io(model, playback, nullptr);
+        CWaveIo io(playback, nullptr);
         io.setWavePath("untouched");
         const QStringList before = QDir(programCacheDir()).entryList(QDir::Files);
         QCOMPARE(io.convertToWave(tw::textFixture()), -4);
@@ -126,8 +127,9 @@ private slots:
     {
         CWaveModel model;
         CWavePlayback playback(model);
-        CWaveIo io(model, playback, nullptr);
-        QCOMPARE(io.convertToM4r(QString()), -1);
+        CWaveIo io(playback, nullptr);
+        CRingtoneExport ringtone(model, playback, io);
+        QCOMPARE(ringtone.exportTo(QString()), -1);
 
         CRingToneNode song;
         song.LoadFromFile(tw::mp3Fixture(20));
@@ -148,7 +150,7 @@ private slots:
         connect(&playback, &CWavePlayback::onPause, this,
                 [&] { ringtoneExistedAtPause = QFile::exists(m4r); });
         QTest::qWait(2);
-        const int rc = io.convertToM4r(m4r);
+        const int rc = ringtone.exportTo(m4r);
         QCOMPARE(rc, 0); // the reload's WaveHelperInit
         QCOMPARE(paused.count(), 1);
         QVERIFY(!ringtoneExistedAtPause);
@@ -172,7 +174,7 @@ private slots:
     {
         CWaveModel model;
         CWavePlayback playback(model);
-        CWaveIo io(model, playback, nullptr);
+        CWaveIo io(playback, nullptr);
         CRingToneNode gone;
         gone.strPath = m_dir.filePath("gone.mp3");
         io.setNode(gone);

@@ -128,8 +128,8 @@ private slots:
         const QString copy = dir.filePath("copy.ts");
         QVERIFY(QFile::copy(tsPath(code), copy));
         QStringList args{"-silent", "-locations", "none", "-no-obsolete", "-I", TW_SOURCE_DIR};
-        for (const char* folder :
-             {"app", "audio", "editor", "engine", "library", "ui", "update", "crash", "cli"}) {
+        for (const char* folder : {"app", "core", "widgets", "audio", "editor", "engine", "library",
+                                   "ui", "update", "crash", "cli"}) {
             const QString path = QStringLiteral(TW_SOURCE_DIR "/") + folder;
             if (QDir(path).exists())
                 args << path;

@@ -2,12 +2,12 @@
 // their translation contexts, the name dialog keeping what was typed, the
 // try-again message naming the file, and the buttons' answers.
 
-#include "app/branding.h"
+#include "core/branding.h"
 #include "testenv.h"
 #include "ui/aboutdlg.h"
 #include "ui/namedlg.h"
-#include "ui/popdlg.h"
 #include "ui/tryagaindlg.h"
+#include "widgets/popdlg.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -7,7 +7,7 @@
 // at. The checks here are what a picture cannot tell by itself: the files
 // are written, and the Japanese ones carry other texts than the English.
 
-#include "app/language.h"
+#include "core/language.h"
 #include "crash/crashreportdlg.h"
 #include "shotsupport.h"
 #include "testenv.h"

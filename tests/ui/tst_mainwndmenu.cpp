@@ -4,8 +4,8 @@
 // update check: the arguments it builds from the settings, what each answer
 // of the service shows, and real exchanges with a local server and proxy.
 
-#include "app/language.h"
-#include "app/mpconfig.h"
+#include "core/language.h"
+#include "core/mpconfig.h"
 #include "httpservers.h"
 #include "mainwndfixture.h"
 #include "modalanswer.h"

@@ -9,7 +9,7 @@
 // itself: the right page is in front, and the Japanese window carries other
 // texts than the English one.
 
-#include "app/language.h"
+#include "core/language.h"
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
 #include "engine/progressdlg.h"

@@ -5,7 +5,7 @@
 // it. The checks are what a picture cannot tell by itself: the window is
 // drawn at twice its size, and the skin's images come in at twice theirs.
 
-#include "app/language.h"
+#include "core/language.h"
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
 #include "mediafixtures.h"

@@ -1,7 +1,7 @@
 // The options dialog: its form, the update page writing intervals into the
 // configuration at once, the proxy page writing on OK, and what is stored.
 
-#include "app/mpconfig.h"
+#include "core/mpconfig.h"
 #include "testenv.h"
 #include "ui/optiondlg.h"
 #include "ui/optionpages.h"

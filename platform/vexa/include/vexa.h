@@ -40,6 +40,12 @@ enum
     KELO_PROGRESS_DONE = 10000
 };
 
+// Every render's sample rate (Hz): 16-bit stereo at this rate.
+enum
+{
+    KELO_OUTPUT_SAMPLE_RATE = 44100
+};
+
 // Media source record: a span of one file. Start 0 with end 0 is the whole file.
 typedef struct tagKeloMediaSrc
 {

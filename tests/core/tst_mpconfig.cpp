@@ -1,6 +1,6 @@
 // The proxy and update settings: defaults, round trips, no validation.
 
-#include "app/mpconfig.h"
+#include "core/mpconfig.h"
 #include "testenv.h"
 
 #include <QSettings>

@@ -1,4 +1,4 @@
-#include "ui/popdlg.h"
+#include "widgets/popdlg.h"
 
 namespace {
 // Just short of opaque, as every pop-up of the program is drawn.

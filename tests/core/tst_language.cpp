@@ -3,7 +3,7 @@
 // It looks up its files in the current directory; each test runs in a folder
 // of its own holding copies of the compiled files it should find there.
 
-#include "app/language.h"
+#include "core/language.h"
 #include "testenv.h"
 #include "ui/aboutdlg.h"
 #include "ui/tryagaindlg.h"

@@ -1,7 +1,7 @@
 // The song record: defaults, copies, and LoadFromFile's title rules and its
 // video flag from real media files.
 
-#include "library/ringtonenode.h"
+#include "engine/ringtonenode.h"
 #include "tests/itunesagent/agentfixtures.h"
 
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "library/ringtonenode.h"
+#include "engine/ringtonenode.h"
 
 #include "engine/timelinehelper.h"
 
