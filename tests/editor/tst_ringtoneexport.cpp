@@ -36,6 +36,19 @@ QString probe(const QString& path, const QString& entries)
     return tw::ffprobe({"-show_entries", entries, "-of", "default=nw=1:nk=1", path}).trimmed();
 }
 
+// A 12-second song opened as the editor opens one.
+bool openSong(CWaveModel& model, CWavePlayback& playback, CWaveIo& io)
+{
+    model.setViewWidth(400);
+    CRingToneNode song;
+    song.LoadFromFile(tw::mp3Fixture(12));
+    io.setNode(song);
+    if (io.convertToWave(song.strPath) != 1 || playback.open(io.getWavePath()) != 0)
+        return false;
+    model.load(playback.record().frameCount, playback.record().sampleRate);
+    return true;
+}
+
 } // namespace
 
 class TestRingtoneExport : public QObject
@@ -119,15 +132,9 @@ private slots:
     void shouldWriteTheSpanOnlyWhenExportOnly()
     {
         CWaveModel model;
-        model.setViewWidth(400);
         CWavePlayback playback(model);
         CWaveIo io(playback, nullptr);
-        CRingToneNode song;
-        song.LoadFromFile(tw::mp3Fixture(12));
-        io.setNode(song);
-        QCOMPARE(io.convertToWave(song.strPath), 1);
-        QCOMPARE(playback.open(io.getWavePath()), 0);
-        model.load(playback.record().frameCount, playback.record().sampleRate);
+        QVERIFY(openSong(model, playback, io));
         model.setSelection(1000, 7000);
         const QString wave = io.getWavePath();
 
@@ -149,15 +156,9 @@ private slots:
     void shouldHandAWrittenRingtoneToTheLibrary()
     {
         CWaveModel model;
-        model.setViewWidth(400);
         CWavePlayback playback(model);
         CWaveIo io(playback, nullptr);
-        CRingToneNode song;
-        song.LoadFromFile(tw::mp3Fixture(12));
-        io.setNode(song);
-        QCOMPARE(io.convertToWave(song.strPath), 1);
-        QCOMPARE(playback.open(io.getWavePath()), 0);
-        model.load(playback.record().frameCount, playback.record().sampleRate);
+        QVERIFY(openSong(model, playback, io));
         model.setSelection(0, 6000);
 
         CRingtoneExport ringtone(model, playback, io);
