@@ -5,6 +5,7 @@
 
 #include "editor/wavewnd.h"
 
+#include "editor/wavecolumns.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
@@ -32,7 +33,8 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressDlg* dlg)
     : QWidget(parent), scrollBar(nullptr), reservedConst(11),
       m_model(std::make_unique<CWaveModel>()),
       m_playback(std::make_unique<CWavePlayback>(*m_model)),
-      m_io(std::make_unique<CWaveIo>(*m_model, *m_playback, dlg)), points(new QPoint[kPointCount]())
+      m_io(std::make_unique<CWaveIo>(*m_model, *m_playback, dlg)),
+      points(new QPoint[CWaveColumns::kPointCount]())
 {
     m_model->setViewWidthSource([this] { return width(); });
     setContentsMargins(0, 0, 0, 0);
