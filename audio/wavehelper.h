@@ -7,6 +7,12 @@
 // which every function below takes for the fields the callback uses; a
 // caller reading `volume` or the fades itself does so on the thread that
 // writes them.
+// This header is the engine's interface (wavehelper_p.h adds what its
+// tests and fuzz targets reach). wavehelper.cpp holds these calls and the
+// SDL callback; the parts behind them are private to audio/: the header
+// reader (waveheader), the peak table (wavepeaks), the audio device
+// (wavedevice), the effects and their write-back (waveeffects, over the
+// sample routines of pcmeffects) and the scratch blocks (wavebuffers).
 
 #include <cstddef>
 #include <cstdio>

@@ -5,6 +5,7 @@
 // editor's one-time load (peak scan) of the file. The WAV is made in a
 // temporary directory and removed at the end.
 
+#include "editor/wavecolumns.h"
 #include "editor/wavewnd.h"
 #include "testenv.h"
 #include "tests/editor/songsynth.h"
@@ -138,13 +139,13 @@ int main(int argc, char* argv[])
     auto repaintOnce = [&] { w.repaint(); };
     auto renderOnce = [&] { w.render(&target); };
     QScrollBar* bar = w.scrollBarWidget();
-    std::vector<QPoint> points(CWaveWnd::kPointCount);
+    std::vector<QPoint> points(CWaveColumns::kPointCount);
     // The wave reduction alone, on the engine's peak table as painted.
     auto reduceOnce = [&] {
         const int columns = std::min(w.getLength() - w.model().scrollX(), w.width());
-        CWaveWnd::getMonoWave<qint16>(points.data(), w.model().scrollX(),
-                                      w.model().framesPerPixel(), 150, unsigned(columns), 240,
-                                      w.playback().record().peakTable, 2);
+        CWaveColumns::reduce<qint16>(points.data(), w.model().scrollX(), w.model().framesPerPixel(),
+                                     150, unsigned(columns), 240, w.playback().record().peakTable,
+                                     2);
     };
     auto report = [&](const char* name) {
         const Figures r = measure(repaintOnce);

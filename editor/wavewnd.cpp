@@ -6,6 +6,7 @@
 #include "editor/wavewnd.h"
 
 #include "editor/ringtoneexport.h"
+#include "editor/wavecolumns.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
@@ -35,7 +36,7 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
       m_playback(std::make_unique<CWavePlayback>(*m_model)),
       m_io(std::make_unique<CWaveIo>(*m_playback, progressWait)),
       m_export(std::make_unique<CRingtoneExport>(*m_model, *m_playback, *m_io)),
-      points(new QPoint[kPointCount]())
+      points(new QPoint[CWaveColumns::kPointCount]())
 {
     m_model->setViewWidthSource([this] { return width(); });
     setContentsMargins(0, 0, 0, 0);

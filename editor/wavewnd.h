@@ -1,16 +1,18 @@
 #pragma once
 // CWaveWnd: the waveform editor widget. It paints the wave, the ruler, the
 // selection and the play cursor, translates mouse gestures and drops, and
-// sends the editor's signals; the editor's logic lives in three widget-free
-// parts it forwards to: CWaveModel (times, selection, zoom, scroll and every
+// sends the editor's signals; the editor's logic lives in widget-free parts
+// it forwards to: CWaveModel (times, selection, zoom, scroll and every
 // gesture's rule), CWavePlayback (the engine record and the play state
-// machine), CWaveIo (import of the song) and CRingtoneExport (the ringtone).
-// Ownership: the widget owns its scroll bar (Qt child), the four parts and
-// the point buffer (unique_ptr). The progress wait is borrowed. Everything
-// runs on the GUI thread; only the engine's SDL callback reads the record
-// from the audio thread. The code is split: state and slots in wavewnd.cpp,
-// drawing in wavewnd_paint.cpp, mouse in wavewnd_mouse.cpp, import/export
-// and drops in wavewnd_io.cpp.
+// machine), CWaveIo (import of the song), CRingtoneExport (the ringtone)
+// and, for drawing, CWaveColumns (the wave's layout and its min/max per
+// pixel column).
+// Ownership: the widget owns its scroll bar (Qt child), the four stateful
+// parts and the point buffer that CWaveColumns fills (unique_ptr). The
+// progress wait is borrowed. Everything runs on the GUI thread; only the
+// engine's SDL callback reads the record from the audio thread. The code is
+// split: state and slots in wavewnd.cpp, drawing in wavewnd_paint.cpp, mouse
+// in wavewnd_mouse.cpp, import/export and drops in wavewnd_io.cpp.
 
 #include "engine/ringtonenode.h"
 
@@ -42,10 +44,6 @@ class CWaveWnd : public QWidget
     Q_OBJECT
 
 public:
-    // Two points per pixel column: the widest wave ever drawn is 2048 columns.
-    static constexpr int kPointCount = 4096;
-    static constexpr int kMaxColumns = kPointCount / 2;
-
     explicit CWaveWnd(QWidget* parent = nullptr, CProgressWait* progressWait = nullptr);
     ~CWaveWnd() override;
 
@@ -88,15 +86,12 @@ public:
 
     // --- drawing ---
     QPainterPath roundRectPath(const QRect& rect);
+    // The wave in a drawing width x height (the area above the scroll bar),
+    // laid out and reduced by CWaveColumns.
     void drawWave(QPainter* painter, int width, int height);
     void highLightSelectArea(QImage* image);
     void drawTimeScale(QPainter* painter, int width, int height);
     void drawPlay(QPainter* painter, int width, int height);
-    // Reduces frames (or 512-frame peak pairs) to a min/max pair per pixel
-    // column: writes 2 x columns points into `pts` and returns their number.
-    template <typename T>
-    static int getMonoWave(QPoint* pts, int startX, float fpp, int centreY, unsigned int columns,
-                           int amplitudeHeight, void* samples, int channels);
 
     // --- mouse ---
     int getAction(int x, int y);

@@ -2,6 +2,7 @@
 // polyline and the play cursor, all drawn into one off-screen image per paint
 // that is then copied to the widget in one go.
 
+#include "editor/wavecolumns.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
 #include "editor/wavewnd.h"
@@ -24,13 +25,6 @@ constexpr int kPeakBlock = kWavePeakBlockFrames;
 
 const QRgb kWaveColour = qRgb(80, 80, 80);
 const QRgb kWaveSelectedColour = qRgb(222, 222, 222);
-
-// First peak-table entry of the view; the reduction and the clip that keeps
-// it inside the table must agree on it.
-int firstPeakBlock(int startX, float fpp)
-{
-    return static_cast<int>(startX * fpp / kPeakBlock);
-}
 
 } // namespace
 
@@ -70,7 +64,7 @@ void CWaveWnd::paintEvent(QPaintEvent* /*event*/)
         painter.fillPath(roundRectPath(panel), gradient);
         painter.setRenderHint(QPainter::Antialiasing, false);
 
-        drawWave(&painter, w, h - 2);
+        drawWave(&painter, w, h);
         highLightSelectArea(&image);
         drawTimeScale(&painter, w, h);
         drawPlay(&painter, w, h);
@@ -110,17 +104,14 @@ void CWaveWnd::drawWave(QPainter* painter, int width, int height)
     tagWaveInfo& wave = m_playback->record();
     if (!wave.peakTable)
         return;
-    const int totalWidth = m_model->totalWidth();
     const int scrollX = m_model->scrollX();
     const float framesPerPixel = m_model->framesPerPixel();
-    const int centreY = (height - 28) / 2 + 28;
-    const int amplitudeHeight = height - 36;
+    const CWaveColumns::Layout layout =
+        CWaveColumns::layout(width, height, m_model->totalWidth(), scrollX);
+    const int centreY = layout.centreY;
+    const int amplitudeHeight = layout.amplitudeHeight;
 
-    int columns = totalWidth;
-    if (width < totalWidth)
-        columns = totalWidth < width + scrollX ? totalWidth - scrollX : width;
-    // The point buffer holds 2048 columns; wider widgets are drawn that far.
-    columns = std::min(columns, kMaxColumns);
+    int columns = layout.columns;
     if (columns <= 0 || framesPerPixel <= 0.0f)
         return;
 
@@ -140,7 +131,8 @@ void CWaveWnd::drawWave(QPainter* painter, int width, int height)
     } else {
         // Never walks past the last entry of the peak table.
         // (The walk reads at least two pairs.)
-        const long long available = wave.peakCount - firstPeakBlock(scrollX, framesPerPixel);
+        const long long available =
+            wave.peakCount - CWaveColumns::firstPeakBlock(scrollX, framesPerPixel);
         const long long fit = available < 2
                                   ? 0
                                   : static_cast<long long>(std::floor(
@@ -159,20 +151,20 @@ void CWaveWnd::drawWave(QPainter* painter, int width, int height)
     switch (wave.formatKey) {
     case WAVE_U8_MONO:
         // 8-bit mono is reduced but deliberately never drawn.
-        getMonoWave<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight, samples,
-                            1);
+        CWaveColumns::reduce<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
+                                     samples, 1);
         return;
     case WAVE_U8_STEREO:
-        count = getMonoWave<quint8>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
-                                    samples, 2);
+        count = CWaveColumns::reduce<quint8>(pts, scrollX, framesPerPixel, centreY, cols,
+                                             amplitudeHeight, samples, 2);
         break;
     case WAVE_S16_MONO:
-        count = getMonoWave<qint16>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
-                                    samples, 1);
+        count = CWaveColumns::reduce<qint16>(pts, scrollX, framesPerPixel, centreY, cols,
+                                             amplitudeHeight, samples, 1);
         break;
     case WAVE_S16_STEREO:
-        count = getMonoWave<qint16>(pts, scrollX, framesPerPixel, centreY, cols, amplitudeHeight,
-                                    samples, 2);
+        count = CWaveColumns::reduce<qint16>(pts, scrollX, framesPerPixel, centreY, cols,
+                                             amplitudeHeight, samples, 2);
         break;
     default:
         return;
@@ -185,65 +177,6 @@ void CWaveWnd::drawWave(QPainter* painter, int width, int height)
     painter->drawPolyline(pts, count);
     painter->restore();
 }
-
-template <typename T>
-int CWaveWnd::getMonoWave(QPoint* pts, int startX, float fpp, int centreY, unsigned int columns,
-                          int amplitudeHeight, void* samples, int channels)
-{
-    if (channels != 1 && channels != 2)
-        return 0;
-    if (fpp < 2.0f)
-        return 0;
-    columns = std::min(columns, static_cast<unsigned int>(kMaxColumns));
-
-    // 8-bit values are used as stored (0..255), not centred on 128, so an
-    // 8-bit wave lies above the centre line.
-    const float range = sizeof(T) == 1 ? 256.0f : 65535.0f;
-    const float scale = (amplitudeHeight / 2 * 2) / range;
-    auto yOf = [centreY, scale](T v) { return static_cast<int>(centreY - v * scale); };
-
-    // Column k ends at the first unit (a frame, or a 512-frame peak pair)
-    // whose count reaches (k + 1) x fpp frames; the next unit restarts min
-    // and max. Kept in double: summed in float the column ends drift by
-    // whole peak blocks over a wide view.
-    const bool raw = fpp < kPeakBlock;
-    const int stride = raw ? channels : 2; // only the first channel counts
-    const int hiOffset = raw ? 0 : 1;      // a pair is (min, max)
-    const double unitFrames = raw ? 1.0 : double(kPeakBlock);
-    const T* p = static_cast<const T*>(samples);
-    if (!raw)
-        p += 2 * firstPeakBlock(startX, fpp);
-
-    T lo = p[0];
-    T hi = p[hiOffset];
-    long long counter = 1; // units taken so far, the first included
-    int n = 0;
-    for (unsigned int column = 0; column < columns; ++column) {
-        if (column > 0) {
-            p += stride;
-            lo = p[0];
-            hi = p[hiOffset];
-            ++counter;
-        }
-        // The first column always takes a second unit; later ones may end on
-        // the unit that restarted them.
-        const double threshold = double(fpp) * (column + 1);
-        const long long least = column == 0 ? 2 : counter;
-        const long long end =
-            std::max(least, static_cast<long long>(std::ceil(threshold / unitFrames)));
-        for (; counter < end; ++counter) {
-            p += stride;
-            lo = std::min(lo, p[0]);
-            hi = std::max(hi, p[hiOffset]);
-        }
-        pts[n++] = QPoint(static_cast<int>(column), yOf(lo));
-        pts[n++] = QPoint(static_cast<int>(column), yOf(hi));
-    }
-    return n;
-}
-
-template int CWaveWnd::getMonoWave<qint16>(QPoint*, int, float, int, unsigned int, int, void*, int);
-template int CWaveWnd::getMonoWave<quint8>(QPoint*, int, float, int, unsigned int, int, void*, int);
 
 void CWaveWnd::highLightSelectArea(QImage* image)
 {

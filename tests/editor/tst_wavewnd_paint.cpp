@@ -1,6 +1,7 @@
 // The editor's drawing, checked on the pixels of grab() under the offscreen
 // platform with WAV files made here and loaded by the real engine.
 
+#include "editor/wavecolumns.h"
 #include "songsynth.h"
 #include "wavewndfixture.h"
 
@@ -212,11 +213,17 @@ private slots:
         QVERIFY((w->model().framesPerPixel() < 512) == (zoom > 1.0f));
         const QImage img = shot(*w);
 
-        const int height = drawHeight(*w) - 2;
-        const int centreY = (height - 28) / 2 + 28;
-        const float scale = ((height - 36) / 2 * 2) / (bits == 16 ? 65535.0f : 256.0f);
-        const int yHi = int(centreY - hi * scale);
-        const int yLo = int(centreY - lo * scale);
+        // Where the drawing says the two levels lie (the layout and the rows
+        // are checked on their own in tst_wavecolumns).
+        const CWaveColumns::Layout layout = CWaveColumns::layout(
+            w->width(), drawHeight(*w), w->model().totalWidth(), w->model().scrollX());
+        auto levelRow = [&](int v) {
+            return bits == 16
+                       ? CWaveColumns::rowOf(qint16(v), layout.centreY, layout.amplitudeHeight)
+                       : CWaveColumns::rowOf(quint8(v), layout.centreY, layout.amplitudeHeight);
+        };
+        const int yHi = levelRow(hi);
+        const int yLo = levelRow(lo);
         // At zoom 5 these columns lie inside the selection (0 .. 2000 px).
         for (int x : {452, 520, 599}) {
             int top = -1, bottom = -1;
@@ -400,132 +407,6 @@ private slots:
             QCOMPARE(countWave(img, x, h, false) + countWave(img, x, h, true), 0);
         // The ruler goes on over the full width.
         QCOMPARE(img.pixel(2500, 18), qRgb(86, 86, 86));
-    }
-
-    void shouldReduceRawFramesToMinMaxPerColumn()
-    {
-        // A ramp, 16-bit mono: column k covers frames 10k .. 10k + 9.
-        std::vector<qint16> ramp(1000);
-        for (int i = 0; i < 1000; ++i)
-            ramp[size_t(i)] = qint16(i * 30);
-        QPoint pts[10];
-        const int n = CWaveWnd::getMonoWave<qint16>(pts, 0, 10.0f, 100, 5, 236, ramp.data(), 1);
-        QCOMPARE(n, 10);
-        const float s = 236 / 65535.0f;
-        for (int k = 0; k < 5; ++k) {
-            QCOMPARE(pts[2 * k], QPoint(k, int(100 - 300 * k * s)));
-            QCOMPARE(pts[2 * k + 1], QPoint(k, int(100 - (300 * k + 270) * s)));
-        }
-    }
-
-    void shouldUseOnlyTheFirstChannelOfRawFrames()
-    {
-        std::vector<qint16> frames(2 * 400);
-        for (int i = 0; i < 400; ++i) {
-            frames[size_t(2 * i)] = qint16(i % 4 == 0 ? -1000 : 1000);
-            frames[size_t(2 * i + 1)] = 30000;
-        }
-        QPoint pts[8];
-        const int n = CWaveWnd::getMonoWave<qint16>(pts, 0, 4.0f, 50, 4, 100, frames.data(), 2);
-        QCOMPARE(n, 8);
-        const float s = 100 / 65535.0f;
-        for (int k = 0; k < 4; ++k) {
-            QCOMPARE(pts[2 * k].y(), int(50 + 1000 * s));
-            QCOMPARE(pts[2 * k + 1].y(), int(50 - 1000 * s));
-        }
-    }
-
-    void shouldSplitFractionalFramesPerPixel()
-    {
-        // 2.5 frames per pixel: columns take 3, 2, 3, 2 ... frames.
-        std::vector<qint16> ramp(20);
-        for (int i = 0; i < 20; ++i)
-            ramp[size_t(i)] = qint16(i * 1000);
-        QPoint pts[8];
-        const float s = 236 / 65535.0f;
-        QCOMPARE(CWaveWnd::getMonoWave<qint16>(pts, 0, 2.5f, 100, 4, 236, ramp.data(), 1), 8);
-        const int firsts[4] = {0, 3, 5, 8};
-        const int lasts[4] = {2, 4, 7, 9};
-        for (int k = 0; k < 4; ++k) {
-            QCOMPARE(pts[2 * k].y(), int(100 - firsts[k] * 1000 * s));
-            QCOMPARE(pts[2 * k + 1].y(), int(100 - lasts[k] * 1000 * s));
-        }
-    }
-
-    void shouldWalkPeakPairsFromTheViewStart()
-    {
-        // 40 blocks of (min, max) = (-b, b); 1024 frames per pixel = 2 blocks.
-        std::vector<qint16> table(80);
-        for (int b = 0; b < 40; ++b) {
-            table[size_t(2 * b)] = qint16(-100 * b);
-            table[size_t(2 * b + 1)] = qint16(100 * b);
-        }
-        QPoint pts[8];
-        const float s = 200 / 65535.0f;
-        // Scrolled by 3 px: the walk starts at block 6.
-        QCOMPARE(CWaveWnd::getMonoWave<qint16>(pts, 3, 1024.0f, 120, 4, 200, table.data(), 2), 8);
-        for (int k = 0; k < 4; ++k) {
-            // Column k covers blocks 6 + 2k and 7 + 2k; the second is wider.
-            const int lastBlock = 6 + 2 * k + 1;
-            QCOMPARE(pts[2 * k], QPoint(k, int(120 + 100 * lastBlock * s)));
-            QCOMPARE(pts[2 * k + 1], QPoint(k, int(120 - 100 * lastBlock * s)));
-        }
-    }
-
-    void shouldEndPeakColumnsOnTheBlockThatReachesThem()
-    {
-        // 800 frames per pixel = 1.5625 blocks: columns end on blocks
-        // 2, 4, 5, 7, 8 (counting from 1), the first taking at least two.
-        std::vector<qint16> table(40);
-        for (int b = 0; b < 20; ++b) {
-            table[size_t(2 * b)] = qint16(-100 * b);
-            table[size_t(2 * b + 1)] = qint16(100 * b);
-        }
-        QPoint pts[10];
-        const float s = 200 / 65535.0f;
-        QCOMPARE(CWaveWnd::getMonoWave<qint16>(pts, 0, 800.0f, 120, 5, 200, table.data(), 1), 10);
-        const int lastBlocks[5] = {1, 3, 4, 6, 7}; // zero-based
-        for (int k = 0; k < 5; ++k)
-            QCOMPARE(pts[2 * k + 1].y(), int(120 - 100 * lastBlocks[k] * s));
-        // The third column is the single block 4 (restarted there).
-        QCOMPARE(pts[4].y(), int(120 + 100 * 4 * s));
-    }
-
-    void shouldDrawEightBitValuesAboveTheCentre()
-    {
-        std::vector<quint8> silence(200, 128);
-        QPoint pts[4];
-        QCOMPARE(CWaveWnd::getMonoWave<quint8>(pts, 0, 50.0f, 100, 2, 200, silence.data(), 1), 4);
-        const int y = int(100 - 128 * (200 / 256.0f));
-        QCOMPARE(pts[0].y(), y);
-        QVERIFY(y < 100);
-    }
-
-    void shouldRefuseBadChannelsOrTooFewFrames_data()
-    {
-        QTest::addColumn<int>("channels");
-        QTest::addColumn<float>("fpp");
-        QTest::newRow("no channel") << 0 << 10.0f;
-        QTest::newRow("three channels") << 3 << 10.0f;
-        QTest::newRow("1.5 frames per pixel") << 1 << 1.5f;
-    }
-    void shouldRefuseBadChannelsOrTooFewFrames()
-    {
-        QFETCH(int, channels);
-        QFETCH(float, fpp);
-        std::vector<qint16> data(1000, 5);
-        QPoint pts[20];
-        QCOMPARE(CWaveWnd::getMonoWave<qint16>(pts, 0, fpp, 50, 10, 100, data.data(), channels), 0);
-    }
-
-    void shouldNotOverrunThePointBuffer()
-    {
-        std::vector<qint16> data(3 * 5000 + 16, 7);
-        std::vector<QPoint> pts(CWaveWnd::kPointCount + 100, QPoint(-9, -9));
-        const int n =
-            CWaveWnd::getMonoWave<qint16>(pts.data(), 0, 3.0f, 50, 5000, 100, data.data(), 1);
-        QCOMPARE(n, CWaveWnd::kPointCount);
-        QCOMPARE(pts[size_t(CWaveWnd::kPointCount)], QPoint(-9, -9));
     }
 
     void shouldRecolourOnlyOpaqueWaveGreyInsideTheSelection()
