@@ -3,6 +3,7 @@
 #include "app/appdir.h"
 #include "app/commandline.h"
 #include "app/msghandlerloger.h"
+#include "app/quitsignals.h"
 #include "core/language.h"
 #include "core/mpconfig.h"
 #include "core/settingskeys.h"
@@ -104,6 +105,8 @@ int tonewrightMain(int argc, char* argv[])
 
     tellPlatformFolders();
     CMsgHandlerLoger::installMsgHandler();
+    // Before the first log line: a logout from then on ends the run cleanly.
+    auto quitSignals = std::make_unique<CQuitSignals>();
     qDebug("app start");
     installCrashHandler();
     describeProgramForReports();
@@ -140,7 +143,8 @@ int tonewrightMain(int argc, char* argv[])
         // report are tested with it.
         QTimer::singleShot(0, [] { std::raise(SIGSEGV); });
     }
-    const int rc = app->exec();
+    // A signal that came while start-up ran its own dialogs has asked to quit already.
+    const int rc = quitSignals->received() ? 0 : app->exec();
 
     settings->setValue(settingskeys::kCrashFlag, false);
     settings->sync();
@@ -148,6 +152,7 @@ int tonewrightMain(int argc, char* argv[])
 
     settings.reset();
     mainWnd.reset();
+    quitSignals.reset();
     skin.reset();
     app.reset();
     return rc;

@@ -269,22 +269,20 @@ void CMainWnd::selectchange(QTime begintime, QTime endtime)
     const long long begin = CTimeConvert::timeToLong(begintime);
     const long long end = CTimeConvert::timeToLong(endtime);
     const long long total = CTimeConvert::timeToLong(m_waveWnd->getMaxTime());
-    {
-        // The ranges are the edits' business: no edit may reach the editor.
-        const QSignalBlocker blocker(m_beginTime);
-        m_beginTime->setTime(begintime);
-        // A QTime never passes 24 hours, so the lower bound is always
-        // 0:00:00; the comparison is kept as it is.
-        const long long lowest = end <= kMaxSelection ? 0 : end - kMaxSelection;
-        m_beginTime->setTimeRange(CTimeConvert::longToTime(long(lowest)),
-                                  CTimeConvert::longToTime(long(qMax(0LL, end - kMinSelection))));
-    }
-    {
-        const QSignalBlocker blocker(m_endTime);
-        m_endTime->setTime(endtime);
-        m_endTime->setTimeRange(CTimeConvert::longToTime(long(begin + kMinSelection)),
-                                CTimeConvert::longToTime(long(qMax(total, begin))));
-    }
+    // The ranges are the edits' business: no edit may reach the editor. Both
+    // ranges go first: a time set within the old range would be held to it,
+    // and the field would no longer show the editor's selection.
+    const QSignalBlocker beginBlocker(m_beginTime);
+    const QSignalBlocker endBlocker(m_endTime);
+    // A QTime never passes 24 hours, so the lower bound is always 0:00:00;
+    // the comparison is kept as it is.
+    const long long lowest = end <= kMaxSelection ? 0 : end - kMaxSelection;
+    m_beginTime->setTimeRange(CTimeConvert::longToTime(long(lowest)),
+                              CTimeConvert::longToTime(long(qMax(0LL, end - kMinSelection))));
+    m_endTime->setTimeRange(CTimeConvert::longToTime(long(begin + kMinSelection)),
+                            CTimeConvert::longToTime(long(qMax(total, begin))));
+    m_beginTime->setTime(begintime);
+    m_endTime->setTime(endtime);
     // Seconds of each end truncated apart, then subtracted: 10.9 s to
     // 40.1 s reads 30s.
     m_selectTimeLenLabel->setText(QStringLiteral("%1s").arg(end / 1000 - begin / 1000));

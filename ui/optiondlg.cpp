@@ -1,5 +1,6 @@
 #include "ui/optiondlg.h"
 
+#include "core/mpconfig.h"
 #include "ui/ioptionpage.h"
 #include "ui/optionpages.h"
 #include "ui_optiondlg.h"
@@ -25,6 +26,24 @@ void COptionDlg::onOk()
             page->save();
     }
     accept();
+}
+
+void COptionDlg::showEvent(QShowEvent* event)
+{
+    for (int i = 0; i < ui->tabWidget->count(); ++i) {
+        if (auto* page = dynamic_cast<IOptionPage*>(ui->tabWidget->widget(i)))
+            page->load();
+    }
+    CPopDlg::showEvent(event);
+}
+
+void COptionDlg::done(int result)
+{
+    // The pages write some choices into the configuration as they are made:
+    // a cancelled dialog leaves it as saved.
+    if (result != QDialog::Accepted)
+        CMPConfig::instance()->reload();
+    CPopDlg::done(result);
 }
 
 void COptionDlg::retranslate()

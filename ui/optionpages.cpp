@@ -19,13 +19,27 @@ constexpr int kMonth = 30;
 CUpdateOptionWidget::CUpdateOptionWidget(QWidget* parent) : QWidget(parent)
 {
     setupUi(this);
+    spinBox->setRange(1, kMaxIntervalDays);
+    // Loaded before the slots are connected: nothing is written here.
+    load();
+    connect(checkBox, &QCheckBox::stateChanged, this, &CUpdateOptionWidget::autoUpdateChanged);
+    connect(numRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::enableNum);
+    connect(dayRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::setDayUpdate);
+    connect(weekRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::setWeekUpdate);
+    connect(monthRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::setMonthUpdate);
+    connect(spinBox, &QSpinBox::valueChanged, this, &CUpdateOptionWidget::setNumUpdate);
+}
+
+void CUpdateOptionWidget::load()
+{
     CMPConfig* config = CMPConfig::instance();
+    config->reload();
     checkBox->setChecked(config->bAutoUpdate);
     groupBox->setEnabled(config->bAutoUpdate);
-    spinBox->setRange(1, kMaxIntervalDays);
     spinBox->setValue(config->nInterval);
     spinBox->setEnabled(false);
-    // Clicked before the slots are connected: nothing is written here.
+    // A radio button's click writes the interval it stands for, which is
+    // the one just read.
     switch (config->nInterval) {
     case kWeek:
         weekRBtn->click();
@@ -41,12 +55,6 @@ CUpdateOptionWidget::CUpdateOptionWidget(QWidget* parent) : QWidget(parent)
         spinBox->setEnabled(true);
         break;
     }
-    connect(checkBox, &QCheckBox::stateChanged, this, &CUpdateOptionWidget::autoUpdateChanged);
-    connect(numRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::enableNum);
-    connect(dayRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::setDayUpdate);
-    connect(weekRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::setWeekUpdate);
-    connect(monthRBtn, &QRadioButton::clicked, this, &CUpdateOptionWidget::setMonthUpdate);
-    connect(spinBox, &QSpinBox::valueChanged, this, &CUpdateOptionWidget::setNumUpdate);
 }
 
 void CUpdateOptionWidget::autoUpdateChanged(int state)
@@ -110,6 +118,12 @@ CProxyOptionWidget::CProxyOptionWidget(QWidget* parent) : QWidget(parent)
 {
     setupUi(this);
     fillProxyTypes();
+    load();
+    connect(checkBox, &QCheckBox::stateChanged, this, &CProxyOptionWidget::useProxyChanged);
+}
+
+void CProxyOptionWidget::load()
+{
     CMPConfig* config = CMPConfig::instance();
     config->reload();
     hostEdit->setText(config->strHost);
@@ -121,7 +135,6 @@ CProxyOptionWidget::CProxyOptionWidget(QWidget* parent) : QWidget(parent)
     proxyTypecomboBox->setCurrentIndex(config->nProxyType);
     checkBox->setChecked(config->bUseProxy);
     groupBox->setEnabled(config->bUseProxy);
-    connect(checkBox, &QCheckBox::stateChanged, this, &CProxyOptionWidget::useProxyChanged);
 }
 
 void CProxyOptionWidget::fillProxyTypes()

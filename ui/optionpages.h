@@ -1,9 +1,10 @@
 #pragma once
 // The two pages of the options dialog, each from its Designer form and each
 // an IOptionPage. The update page acts on the configuration at once (a
-// chosen interval is in memory even if the dialog is cancelled); the proxy
-// page writes only when OK saves it. Built once with the dialog, so they show
-// the configuration as it was then. GUI thread.
+// chosen interval is in memory until the dialog is cancelled, which reads
+// the saved settings back); the proxy page writes only when OK saves it.
+// Built once with the dialog; every opening loads the saved settings into
+// them again. GUI thread.
 
 #include "ui/ioptionpage.h"
 #include "ui_proxyoptionwidget.h"
@@ -19,6 +20,7 @@ class CUpdateOptionWidget : public QWidget, public Ui::CUpdateOptionWidgetClass,
 public:
     explicit CUpdateOptionWidget(QWidget* parent = nullptr);
 
+    void load() override;
     void save() override;
     void retranslate();
 
@@ -42,6 +44,7 @@ class CProxyOptionWidget : public QWidget, public Ui::CProxyWidgetClass, public 
 public:
     explicit CProxyOptionWidget(QWidget* parent = nullptr);
 
+    void load() override;
     void save() override;
     void retranslate();
 

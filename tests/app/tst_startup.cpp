@@ -314,6 +314,40 @@ private slots:
         QVERIFY(QDir(home.path() + "/.cache/vandrel/tonewright").exists());
     }
 
+    void shouldEndCleanlyOnTermAndInt_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("SIGTERM, as a logout sends") << int(SIGTERM);
+        QTest::newRow("SIGINT, as Ctrl+C sends") << int(SIGINT);
+    }
+
+    void shouldEndCleanlyOnTermAndInt()
+    {
+        QFETCH(int, signal);
+        QTemporaryDir home;
+        QProcess p;
+        p.setProcessEnvironment(childEnv(home.path()));
+        p.start(QCoreApplication::applicationFilePath(), QStringList() << "--run-app"
+                                                                       << "-1");
+        QVERIFY(p.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(crashFlagOf(home.path()), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(readAll(logFile(home.path())).contains("app start"), 20000);
+        ::kill(pid_t(p.processId()), signal);
+        QVERIFY(p.waitForFinished(20000));
+        QCOMPARE(p.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(p.exitCode(), 0);
+        QCOMPARE(crashFlagOf(home.path()), false);
+        const QString log = readAll(logFile(home.path()));
+        QVERIFY2(log.contains(QString("quit on signal %1").arg(signal)), qPrintable(log));
+        QVERIFY(log.contains("safed return"));
+
+        // The next start sees a clean end.
+        const Run r = runApp(home.path(), 200);
+        QCOMPARE(r.exitCode, 0);
+        QCOMPARE(r.err.count("test: problem report offered"), 0);
+        QVERIFY2(!r.err.contains("quitted unexpectedly"), qPrintable(r.err));
+    }
+
     void shouldLeaveCrashFlagSetWhenKilledAndCleanItNextTime()
     {
         QTemporaryDir home;

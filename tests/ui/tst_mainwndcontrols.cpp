@@ -156,6 +156,47 @@ private slots:
         QCOMPARE(get<QLabel>("selectTimelenLabel")->text(), QString("30s"));
     }
 
+    void shouldShowTheEditorsSelectionAfterSetStartPastTheEnd()
+    {
+        openSong(); // 0:00 to 0:40 of 1:00
+        editor()->model().setPlayPos(50000);
+        get<QPushButton>("setBeginbtn")->click();
+        // The begin moved to the play position and took the end along.
+        QCOMPARE(ms(editor()->getBeginTime()), 50000LL);
+        QCOMPARE(get<QTimeEdit>("beginTime")->time(), editor()->getBeginTime());
+        QCOMPARE(get<QTimeEdit>("endTime")->time(), editor()->getEndTime());
+        // And back: the end set before the begin.
+        editor()->model().setPlayPos(8000);
+        get<QPushButton>("setEndBtn")->click();
+        QCOMPARE(ms(editor()->getEndTime()), 8000LL);
+        QCOMPARE(get<QTimeEdit>("beginTime")->time(), editor()->getBeginTime());
+        QCOMPARE(get<QTimeEdit>("endTime")->time(), editor()->getEndTime());
+    }
+
+    void shouldShowTheEditorsSelectionAfterAnyChange_data()
+    {
+        QTest::addColumn<qlonglong>("begin");
+        QTest::addColumn<qlonglong>("end");
+        QTest::newRow("late span") << 45000LL << 58000LL;
+        QTest::newRow("early span") << 0LL << 6000LL;
+        QTest::newRow("whole song") << 0LL << 59000LL;
+        QTest::newRow("back to the middle") << 20000LL << 30000LL;
+    }
+
+    void shouldShowTheEditorsSelectionAfterAnyChange()
+    {
+        QFETCH(qlonglong, begin);
+        QFETCH(qlonglong, end);
+        openSong();
+        // From a late selection to the row's, in one step from the model.
+        editor()->model().setSelection(40000, 55000);
+        m_wnd->selectchange(editor()->getBeginTime(), editor()->getEndTime());
+        editor()->model().setSelection(begin, end);
+        m_wnd->selectchange(editor()->getBeginTime(), editor()->getEndTime());
+        QCOMPARE(ms(get<QTimeEdit>("beginTime")->time()), begin);
+        QCOMPARE(ms(get<QTimeEdit>("endTime")->time()), end);
+    }
+
     void shouldMoveTheEditorFromTheTimeFields()
     {
         openSong();

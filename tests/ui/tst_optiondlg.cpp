@@ -145,16 +145,52 @@ private slots:
         QCOMPARE(CMPConfig::instance()->nInterval, stored);
     }
 
-    void shouldKeepACancelledIntervalInMemoryOnly()
+    void shouldForgetACancelledInterval()
     {
         COptionDlg dialog;
-        dialog.findChild<CUpdateOptionWidget*>()->monthRBtn->click();
+        dialog.show();
+        auto* page = dialog.findChild<CUpdateOptionWidget*>();
+        page->monthRBtn->click();
+        QCOMPARE(CMPConfig::instance()->nInterval, 30); // chosen, in memory
         child<QPushButton>(dialog, "cancelBtn")->click();
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
-        QCOMPARE(CMPConfig::instance()->nInterval, 30);
-        QVERIFY(!stored("Update/Interval").isValid());
-        CMPConfig::instance()->reload();
         QCOMPARE(CMPConfig::instance()->nInterval, 7);
+        QVERIFY(!stored("Update/Interval").isValid());
+        // Opened again, it shows the week; a later OK saves the week.
+        dialog.show();
+        QVERIFY(page->weekRBtn->isChecked());
+        child<QPushButton>(dialog, "okBtn")->click();
+        QCOMPARE(stored("Update/Interval").toInt(), 7);
+    }
+
+    void shouldShowTheSavedProxyEveryTimeItOpens()
+    {
+        COptionDlg dialog;
+        dialog.show();
+        auto* page = dialog.findChild<CProxyOptionWidget*>();
+        QVERIFY(!page->checkBox->isChecked());
+        page->checkBox->setChecked(true);
+        page->hostEdit->setText("typed.local");
+        page->portEdit->setText("3128");
+        child<QPushButton>(dialog, "cancelBtn")->click();
+        QVERIFY(!stored("Proxy/useProxy").isValid());
+
+        dialog.show();
+        QVERIFY(!page->checkBox->isChecked());
+        QVERIFY(!page->groupBox->isEnabled());
+        QCOMPARE(page->hostEdit->text(), QString());
+        QCOMPARE(page->portEdit->text(), QString("80"));
+        // A later OK saves what is shown, not what was cancelled.
+        child<QPushButton>(dialog, "okBtn")->click();
+        QCOMPARE(stored("Proxy/useProxy").toBool(), false);
+        QCOMPARE(stored("Proxy/Host").toString(), QString());
+        QCOMPARE(stored("Proxy/Port").toInt(), 80);
+
+        // What was saved meanwhile is what the next opening shows.
+        store("Proxy/Host", "saved.local");
+        dialog.show();
+        QCOMPARE(page->hostEdit->text(), QString("saved.local"));
+        dialog.reject();
     }
 
     void shouldNeverWriteTheAutomaticSwitch()
