@@ -75,7 +75,7 @@ int CWaveIo::convertToWave(const QString& src)
     wavePath = newTempWavePath();
     qDebug().noquote() << "convert to temp:" << wavePath;
 
-    if (!isWaveFile(local.constData())) {
+    if (!isCanonicalWave(local.constData())) {
         const QByteArray dest = wavePath.toLocal8Bit();
         if (CConvertWraper::instance()->convertTo(local.constData(), dest.constData(), "wav",
                                                   KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait) < 0)
@@ -84,7 +84,7 @@ int CWaveIo::convertToWave(const QString& src)
         return waitPhase(1.0f, 0.0f, true) != 0 ? 1 : -2;
     }
 
-    // A WAV is used as it stands; the engine decides whether it can play it.
+    // A WAV of the engine's own form is used as it stands.
     copyInto(src, wavePath);
     return waitPhase(1.0f, 0.0f, false) != 0 ? 1 : -3;
 }
@@ -106,6 +106,29 @@ bool CWaveIo::isWaveFile(const char* path)
     return ok;
 }
 
+bool CWaveIo::isCanonicalWave(const char* path)
+{
+    if (!path)
+        return false;
+    QFile file(QFile::decodeName(path));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    constexpr int kHeaderBytes = 44;
+    const QByteArray h = file.read(kHeaderBytes);
+    if (h.size() != kHeaderBytes)
+        return false;
+    auto le16 = [&h](int at) { return unsigned(quint8(h[at])) | unsigned(quint8(h[at + 1])) << 8; };
+    auto le32 = [&h, &le16](int at) { return le16(at) | le16(at + 2) << 16; };
+    constexpr unsigned kPcm = 1;
+    constexpr unsigned kChannels = 2;
+    constexpr unsigned kBits = 16;
+    constexpr unsigned kFrameBytes = kChannels * kBits / 8;
+    return h.startsWith("RIFF") && h.mid(8, 8) == "WAVEfmt " && le32(16) == 16 &&
+           le16(20) == kPcm && le16(22) == kChannels && le32(24) == KELO_OUTPUT_SAMPLE_RATE &&
+           le32(28) == KELO_OUTPUT_SAMPLE_RATE * kFrameBytes && le16(32) == kFrameBytes &&
+           le16(34) == kBits && h.mid(36, 4) == "data";
+}
+
 int CWaveIo::reload()
 {
     wavePath = newTempWavePath();
@@ -114,7 +137,7 @@ int CWaveIo::reload()
     const QByteArray src = node.strPath.toLocal8Bit();
     const QByteArray dest = wavePath.toLocal8Bit();
     int rc = 1;
-    if (!isWaveFile(src.constData())) {
+    if (!isCanonicalWave(src.constData())) {
         if (CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
                                                   KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait) < 0)
             return -2;

@@ -39,6 +39,12 @@ public:
     int convertToWave(const QString& src);
     // A file that begins with a RIFF/WAVE header.
     static bool isWaveFile(const char* path);
+    // A WAV in exactly the form the engine plays and the converter writes:
+    // the 44-byte header (a 16-byte PCM fmt chunk, then data) of 44.1 kHz
+    // 16-bit stereo. Only such a file is copied as it stands; any other WAV
+    // (recorders add LIST, fact or bext chunks, other rates, depths and
+    // channel counts) goes through the converter like any other file.
+    static bool isCanonicalWave(const char* path);
     // Rebuilds the temporary WAV of the song under a new name and opens it;
     // the selection, zoom and scroll stay. WaveHelperInit's result, -2, -3.
     int reload();

@@ -403,14 +403,21 @@ void CMainWnd::convert()
                              QMessageBox::No) != QMessageBox::Yes)
         return;
 
-    CNameDlg nameDlg(this);
-    nameDlg.setObjectName("nameDlg");
-    nameDlg.setName(m_current.strTitle);
-    if (nameDlg.exec() != QDialog::Accepted)
-        return;
-    const QString path = ringtonePathFor(dir, nameDlg.getName());
-    if (path.isEmpty())
-        return;
+    // Not replacing a ringtone of that name asks for the name again, as typed
+    // and selected; only Cancel in the name dialog ends the flow.
+    QString name = m_current.strTitle;
+    QString path;
+    for (bool again = false; path.isEmpty(); again = true) {
+        CNameDlg nameDlg(this);
+        nameDlg.setObjectName("nameDlg");
+        nameDlg.setName(name);
+        if (again)
+            nameDlg.selectName();
+        if (nameDlg.exec() != QDialog::Accepted)
+            return;
+        name = nameDlg.getName();
+        path = ringtonePathFor(dir, name);
+    }
 
     m_mainStack->setCurrentIndex(2);
     if (m_waveWnd->convertToM4r(path) < 0)

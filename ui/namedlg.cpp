@@ -18,6 +18,12 @@ void CNameDlg::setName(const QString& name)
     ui->lineEdit->setText(name);
 }
 
+void CNameDlg::selectName()
+{
+    ui->lineEdit->selectAll();
+    ui->lineEdit->setFocus();
+}
+
 QString CNameDlg::getName() const
 {
     return ui->lineEdit->text();

@@ -23,6 +23,8 @@ public:
     ~CNameDlg() override;
 
     void setName(const QString& name);
+    // Selects the whole name, so that typing replaces it.
+    void selectName();
     // The text as typed: blanks kept, nothing checked.
     QString getName() const;
     void retranslate();

@@ -73,7 +73,7 @@ QString wavFixture(int seconds)
 {
     return make(QString("tone %1s.wav").arg(seconds),
                 {"-f", "lavfi", "-i", sine(seconds), "-ac", "2", "-c:a", "pcm_s16le",
-                 "-map_metadata", "-1", "-flags", "+bitexact"});
+                 "-map_metadata", "-1", "-flags", "+bitexact", "-fflags", "+bitexact"});
 }
 
 QString textFixture()

@@ -15,7 +15,7 @@ QString mp3Fixture(int seconds = 5);         // sine, ID3 tags title/artist/albu
 QString mp4AvFixture(int seconds = 3);       // H.264 video + AAC sound
 QString silentVideoFixture(int seconds = 2); // H.264 video only
 QString flacFixture(int seconds = 3);
-QString wavFixture(int seconds = 3); // 16-bit stereo 44.1 kHz PCM
+QString wavFixture(int seconds = 3); // 16-bit stereo 44.1 kHz PCM, the 44-byte header alone
 QString textFixture();               // a plain text file
 QString emptyFixture();              // a zero-byte file
 QString mp3WithCoverFixture();       // audio plus an attached JPEG picture

@@ -98,6 +98,67 @@ private slots:
         QCOMPARE(fx::sha1(io.getWavePath()), fx::sha1(wav));
     }
 
+    void shouldConvertAWaveThatIsNotTheEnginesForm_data()
+    {
+        QTest::addColumn<QStringList>("encode");
+        const QStringList bitexact{"-flags", "+bitexact", "-fflags", "+bitexact"};
+        QTest::newRow("LIST INFO chunk")
+            << QStringList{"-ac",       "2",         "-ar",        "44100",     "-c:a",
+                           "pcm_s16le", "-metadata", "title=Memo", "-metadata", "artist=Recorder"};
+        QTest::newRow("bext chunk")
+            << QStringList{"-ac",       "2",           "-ar", "44100",     "-c:a",
+                           "pcm_s16le", "-write_bext", "1",   "-metadata", "description=rec"};
+        QTest::newRow("48 kHz") << QStringList{"-ac", "2", "-ar", "48000", "-c:a", "pcm_s16le"} +
+                                       bitexact;
+        QTest::newRow("mono") << QStringList{"-ac", "1", "-ar", "44100", "-c:a", "pcm_s16le"} +
+                                     bitexact;
+        QTest::newRow("24-bit") << QStringList{"-ac", "2", "-ar", "44100", "-c:a", "pcm_s24le"} +
+                                       bitexact;
+        QTest::newRow("float with a fact chunk")
+            << QStringList{"-ac", "2", "-ar", "44100", "-c:a", "pcm_f32le"} + bitexact;
+        QTest::newRow("four channels, extensible format")
+            << QStringList{"-ac", "4", "-ar", "44100", "-c:a", "pcm_s16le"} + bitexact;
+    }
+
+    void shouldConvertAWaveThatIsNotTheEnginesForm()
+    {
+        QFETCH(QStringList, encode);
+        const QString source =
+            m_dir.filePath(QString("recorder %1.wav").arg(QTest::currentDataTag()));
+        QString error;
+        QVERIFY2(tw::ffmpeg(QStringList{"-f", "lavfi", "-i", "sine=frequency=440:duration=3"} +
+                                encode + QStringList{source},
+                            &error),
+                 qPrintable(error));
+        QVERIFY(CWaveIo::isWaveFile(QFile::encodeName(source).constData()));
+        QVERIFY(!CWaveIo::isCanonicalWave(QFile::encodeName(source).constData()));
+        const QByteArray before = tw::fileChecksum(source);
+
+        CWaveModel model;
+        CWavePlayback playback(model);
+        CWaveIo io(playback, nullptr);
+        QCOMPARE(io.convertToWave(source), 1);
+        QVERIFY(CWaveIo::isCanonicalWave(QFile::encodeName(io.getWavePath()).constData()));
+        QCOMPARE(playback.open(io.getWavePath()), 0);
+        const double seconds = playback.record().frameCount / 44100.0;
+        QVERIFY2(std::fabs(seconds - 3.0) < 0.05, qPrintable(QString::number(seconds)));
+        playback.release();
+        QCOMPARE(tw::fileChecksum(source), before); // the user's file untouched
+    }
+
+    void shouldTellTheEnginesOwnWaveForm()
+    {
+        QVERIFY(CWaveIo::isCanonicalWave(QFile::encodeName(tw::wavFixture(3)).constData()));
+        QVERIFY(!CWaveIo::isCanonicalWave(nullptr));
+        QVERIFY(!CWaveIo::isCanonicalWave(QFile::encodeName(m_dir.filePath("none")).constData()));
+        // The header alone, cut short.
+        const QString cut = m_dir.filePath("cut.wav");
+        QFile whole(tw::wavFixture(3));
+        QVERIFY(whole.open(QIODevice::ReadOnly));
+        QVERIFY(fx::writeFile(cut, whole.read(40)));
+        QVERIFY(!CWaveIo::isCanonicalWave(QFile::encodeName(cut).constData()));
+    }
+
     void shouldRefuseASourceWithoutSound()
     {
         CWaveModel model;

@@ -350,8 +350,9 @@ private slots:
 
         answers.then(mw::typeName("Twice"));
         answers.then(tw::ModalAnswer::press(QMessageBox::No));
+        answers.then(tw::ModalAnswer::reject()); // the name again: given up
         get<QPushButton>("startbtn")->click();
-        QCOMPARE(answers.seen.mid(1), QStringList({"CNameDlg", "QMessageBox"}));
+        QCOMPARE(answers.seen.mid(1), QStringList({"CNameDlg", "QMessageBox", "CNameDlg"}));
         QCOMPARE(QFileInfo(written).lastModified(), first);
         QCOMPARE(mw::mainPage(*m_wnd), 1);
 
@@ -363,6 +364,38 @@ private slots:
         const double seconds =
             tw::ffprobe({"-show_entries", "format=duration", "-of", "csv=p=0", written}).toDouble();
         QVERIFY2(qAbs(seconds - 20.0) < 0.1, qPrintable(QString::number(seconds)));
+    }
+
+    void shouldAskForTheNameAgainWhenNotReplacing()
+    {
+        openSong();
+        selectThirtySeconds();
+        tw::ModalAnswer answers;
+        answers.then(mw::typeName("Taken"));
+        get<QPushButton>("startbtn")->click();
+        const QString taken = ringtoneDir() + "/Taken.m4r";
+        QVERIFY(QFile::exists(taken));
+        const QByteArray before = tw::fileChecksum(taken);
+
+        editor()->setEndTime(at(30000));
+        QString offered;
+        QString selected;
+        answers.then(mw::typeName("Taken"));
+        answers.then(tw::ModalAnswer::press(QMessageBox::No));
+        answers.then([&](QWidget* modal) {
+            auto* edit = modal->findChild<QLineEdit*>("lineEdit");
+            offered = edit->text();
+            selected = edit->selectedText();
+            QTest::keyClicks(edit, "Free"); // typing replaces the selection
+            modal->findChild<QPushButton*>("okBtn")->click();
+        });
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen.mid(1), QStringList({"CNameDlg", "QMessageBox", "CNameDlg"}));
+        QCOMPARE(offered, QString("Taken"));
+        QCOMPARE(selected, QString("Taken"));
+        QVERIFY(QFile::exists(ringtoneDir() + "/Free.m4r"));
+        QCOMPARE(tw::fileChecksum(taken), before);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
     }
 
     void shouldWarnOfARingtoneOfFortySecondsOrMore()
