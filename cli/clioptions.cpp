@@ -124,8 +124,17 @@ CliCommand parseCliArguments(const QStringList& arguments)
                        allowLong, force, addToLibrary, quiet, verbose, help, version});
     // --help and --version are answered even beside a mistake.
     const bool parsed = parser.parse(arguments);
-    if (!parsed && !parser.isSet(help) && !parser.isSet(version))
+    if (!parsed && !parser.isSet(help) && !parser.isSet(version)) {
+        // The parser names an unknown option without its dashes; say it as typed.
+        const QStringList unknown = parser.unknownOptionNames();
+        if (!unknown.isEmpty()) {
+            const QString name = unknown.first();
+            return refuse(
+                kExitUsage,
+                QString("Unknown option '%1%2'.").arg(name.size() == 1 ? "-" : "--", name));
+        }
         return refuse(kExitUsage, parser.errorText());
+    }
 
     CliCommand command;
     if (parser.isSet(help)) {

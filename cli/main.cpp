@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <vexa.h>
+
 #include <cstdio>
 
 namespace {
@@ -80,6 +82,9 @@ int main(int argc, char* argv[])
 
     g_verbose = command.options.verbose;
     qInstallMessageHandler(messageHandler);
+    // The engine's lines, FFmpeg's among them, go to the log file; on the
+    // terminal only with --verbose.
+    KeloSetLogEcho(g_verbose ? 1 : 0);
     tellPlatformFolders();
 
     if (!command.options.directory.isEmpty())

@@ -121,6 +121,12 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     int code = checkInput(input, &m_message);
     if (code != kExitOk)
         return code;
+    // A missing folder is made, as -d makes its folder.
+    const QString folder = QFileInfo(output).absolutePath();
+    if (!QFileInfo(folder).isDir() && !QDir().mkpath(folder)) {
+        m_message = QString("%1: the folder %2 cannot be made").arg(output, folder);
+        return kExitOutputUnwritable;
+    }
     code = checkOutput(output, input, m_options.force, &m_message);
     if (code != kExitOk)
         return code;

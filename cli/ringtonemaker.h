@@ -17,7 +17,8 @@ class CRingtoneMaker
 public:
     explicit CRingtoneMaker(const CliOptions& options);
 
-    // A CliExitCode; message() says what was made or what went wrong.
+    // A CliExitCode; message() says what was made or what went wrong. The
+    // output's folder is made when it is missing.
     // `progress` hears 0..100.
     int make(const QString& input, const QString& output, const std::function<void(int)>& progress);
     const QString& message() const { return m_message; }

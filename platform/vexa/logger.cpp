@@ -1,7 +1,14 @@
-// KeloLogMessage: time-stamped lines to standard error and to today's log file.
+// KeloLogMessage: time-stamped lines to standard error and to today's log
+// file; FFmpeg's own log is routed here instead of to standard error.
 
+#include "fflog.h"
 #include "vexa.h"
 
+extern "C" {
+#include <libavutil/log.h>
+}
+
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -16,6 +23,23 @@ namespace {
 
 std::mutex g_logMutex;
 std::string g_dataDir;
+std::atomic<bool> g_echo{true};
+
+// FFmpeg's messages as engine log lines, at FFmpeg's level number.
+void ffmpegLogLine(void* object, int level, const char* format, va_list args)
+{
+    if (level > av_log_get_level())
+        return;
+    // FFmpeg builds some lines in parts; the prefix goes on the first.
+    thread_local int printPrefix = 1;
+    char line[1024];
+    av_log_format_line2(object, level, format, args, line, sizeof line, &printPrefix);
+    std::string text(line);
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.pop_back();
+    if (!text.empty())
+        KeloLogMessage(level, "ffmpeg: %s", text.c_str());
+}
 
 void makeDirs(const std::string& path)
 {
@@ -41,6 +65,15 @@ std::string dayFile(const std::tm& tm)
 } // namespace
 
 namespace vexa {
+void routeFfmpegLog()
+{
+    static std::once_flag once;
+    std::call_once(once, [] {
+        av_log_set_level(AV_LOG_ERROR);
+        av_log_set_callback(ffmpegLogLine);
+    });
+}
+
 std::string dataDirectory()
 {
     std::lock_guard<std::mutex> lock(g_logMutex);
@@ -54,6 +87,11 @@ extern "C" void KeloSetDataDirectory(const char* dataDir)
     g_dataDir = dataDir ? dataDir : "";
     while (g_dataDir.size() > 1 && g_dataDir.back() == '/')
         g_dataDir.pop_back();
+}
+
+extern "C" void KeloSetLogEcho(int on)
+{
+    g_echo.store(on != 0);
 }
 
 extern "C" void KeloLogMessage(int level, const char* format, ...)
@@ -81,8 +119,10 @@ extern "C" void KeloLogMessage(int level, const char* format, ...)
                   static_cast<int>(tv.tv_usec / 1000), level);
 
     std::lock_guard<std::mutex> lock(g_logMutex);
-    std::fprintf(stderr, "%s%s\n", stamp, text.data());
-    std::fflush(stderr);
+    if (g_echo.load()) {
+        std::fprintf(stderr, "%s%s\n", stamp, text.data());
+        std::fflush(stderr);
+    }
     if (g_dataDir.empty())
         return;
     const std::string path = dayFile(tm);

@@ -1,24 +1,17 @@
 // Bounded probing of a file's streams for KeloAddMedia2.
 
 #include "avhandles.h"
+#include "fflog.h"
 #include "registry.h"
 
 #include <cstring>
 #include <string>
 
-extern "C" {
-#include <libavutil/log.h>
-}
-
 namespace vexa {
 
 InputPtr openInput(const char* path, int* error)
 {
-    static const bool quiet = [] {
-        av_log_set_level(AV_LOG_ERROR);
-        return true;
-    }();
-    (void)quiet;
+    routeFfmpegLog();
 
     AVFormatContext* raw = avformat_alloc_context();
     if (!raw) {

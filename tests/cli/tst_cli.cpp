@@ -369,8 +369,54 @@ private slots:
         expectFailure(m_song, {m_song, "-o", ring, "--fade-in", "soft"}, kExitUsage,
                       "bad --fade-in value", ring);
         expectFailure(m_song, {m_song, "-o", ring, "--whisper"}, kExitUsage,
-                      "Unknown option 'whisper'", ring);
+                      "Unknown option '--whisper'.", ring);
+        expectFailure(m_song, {m_song, "-o", ring, "-w"}, kExitUsage, "Unknown option '-w'.", ring);
         expectFailure(m_song, {m_song}, kExitUsage, "either the output file (-o)", ring);
+    }
+
+    void shouldMakeARingtoneFromARecordersWave()
+    {
+        // 48 kHz mono 24-bit with a LIST chunk, as a field recorder writes it.
+        const QString memo = out("memo.wav");
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", "sine=frequency=440:duration=8", "-ac", "1", "-ar",
+                            "48000", "-c:a", "pcm_s24le", "-metadata", "title=Memo", memo}));
+        const QByteArray before = tw::fileChecksum(memo);
+        const QString ring = out("memo.m4r");
+        const twcli::Run r = twcli::run({memo, "-o", ring, "--length", "6", "-q"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QCOMPARE(twcli::probeAudio(ring, "sample_rate"), QString("44100"));
+        QCOMPARE(twcli::probeAudio(ring, "channels"), QString("2"));
+        QVERIFY(lastsMs(ring, 6000));
+        QCOMPARE(tw::fileChecksum(memo), before);
+    }
+
+    void shouldKeepFfmpegsOwnLinesForVerbose()
+    {
+        // A song with its end broken: the decoder complains, the ringtone is made.
+        QFile song(m_song);
+        QVERIFY(song.open(QIODevice::ReadOnly));
+        QByteArray bytes = song.read(song.size() / 2);
+        for (int i = 0; i < 400; ++i)
+            bytes += "garbage!";
+        const QString broken = out("broken end.mp3");
+        QFile file(broken);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), qint64(bytes.size()));
+        file.close();
+
+        const QString quiet = out("broken-quiet.m4r");
+        const twcli::Run q = twcli::run({broken, "-o", quiet, "--length", "6", "-q"});
+        QVERIFY2(q.code == kExitOk, qPrintable(twcli::describe(q)));
+        QVERIFY2(q.err.isEmpty(), qPrintable(twcli::describe(q)));
+        const twcli::Run plain =
+            twcli::run({broken, "-o", out("broken-plain.m4r"), "--length", "6"});
+        QVERIFY2(plain.code == kExitOk, qPrintable(twcli::describe(plain)));
+        QVERIFY2(!plain.err.contains(" @ 0x"), qPrintable(twcli::describe(plain)));
+
+        const twcli::Run loud =
+            twcli::run({broken, "-o", out("broken-verbose.m4r"), "--length", "6", "--verbose"});
+        QVERIFY2(loud.code == kExitOk, qPrintable(twcli::describe(loud)));
+        QVERIFY2(loud.err.contains("ffmpeg: ["), qPrintable(twcli::describe(loud)));
     }
 
     void shouldNeverWriteOverTheInput()
@@ -383,8 +429,11 @@ private slots:
 
     void shouldRefuseAnUnwritableOutput()
     {
-        expectFailure(m_song, {m_song, "-o", out("no-such-folder/ring.m4r")}, kExitOutputUnwritable,
-                      "does not exist", out("no-such-folder/ring.m4r"));
+        // A missing folder is made (as -d makes its own); a file in its place is not.
+        const QString deep = out("no-such-folder/deeper/ring.m4r");
+        const twcli::Run made = twcli::run({m_song, "-o", deep, "--length", "6", "-q"});
+        QVERIFY2(made.code == kExitOk, qPrintable(twcli::describe(made)));
+        QCOMPARE(twcli::probeAudio(deep, "codec_name"), QString("aac"));
         const QString folder = out("a-folder.m4r");
         QVERIFY(QDir().mkpath(folder));
         const twcli::Run r = twcli::run({m_song, "-o", folder, "--force"});
@@ -394,7 +443,7 @@ private slots:
         const QString plainFile = out("plain-file");
         QVERIFY(QFile::copy(m_short, plainFile));
         expectFailure(m_song, {m_song, "-o", plainFile + "/ring.m4r"}, kExitOutputUnwritable,
-                      "does not exist", plainFile + "/ring.m4r");
+                      "cannot be made", plainFile + "/ring.m4r");
     }
 
     void shouldRefuseAFolderThatTakesNoFiles()

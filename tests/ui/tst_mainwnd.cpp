@@ -6,6 +6,7 @@
 
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
+#include "engine/timeconvert.h"
 #include "library/filteredit.h"
 #include "mainwndfixture.h"
 #include "mediafixtures.h"
@@ -249,6 +250,22 @@ private slots:
         QCOMPARE(mw::mainPage(*m_wnd), 1);
         QVERIFY(m_wnd->findChild<CPreviewWnd*>("previewWnd")->isVisible());
         QVERIFY(button("showVideoButton")->isChecked());
+    }
+
+    void shouldOpenAWaveFromARecorder()
+    {
+        // 48 kHz mono 24-bit with a LIST chunk, as a field recorder writes it.
+        const QString memo = m_dir.filePath("memo 48k.wav");
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", "sine=frequency=440:duration=8", "-ac", "1", "-ar",
+                            "48000", "-c:a", "pcm_s24le", "-metadata", "title=Memo", memo}));
+        tw::ModalAnswer answers;
+        answers.then(tw::ModalAnswer::reject()); // a failure would ask to try again
+        m_wnd->importWave(memo);
+        QCOMPARE(answers.seen, QStringList());
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(m_wnd->currentSong().strPath, memo);
+        const long long length = CTimeConvert::timeToLong(m_wnd->waveWnd()->getMaxTime());
+        QVERIFY2(qAbs(length - 8000) <= 50, qPrintable(QString::number(length)));
     }
 
     void shouldToggleThePreviewPaneWithItsButton()

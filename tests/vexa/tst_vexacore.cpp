@@ -191,6 +191,19 @@ private slots:
         KeloSetDataDirectory(nullptr);
     }
 
+    void shouldKeepWritingTheDayFileWithoutTheEcho()
+    {
+        QTemporaryDir data;
+        KeloSetDataDirectory(data.path().toLocal8Bit().constData());
+        KeloSetLogEcho(0);
+        KeloLogMessage(0, "%s", "only in the file");
+        KeloSetLogEcho(1);
+        QFile f(data.path() + "/log/" + QDate::currentDate().toString("dd.MM.yyyy") + ".log");
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QVERIFY(f.readAll().contains("only in the file"));
+        KeloSetDataDirectory(nullptr);
+    }
+
     void shouldPassLogTextThroughPercentFormat()
     {
         QTemporaryDir data;

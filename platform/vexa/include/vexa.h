@@ -211,12 +211,16 @@ int VexaDestroy(int player);
 
 // --- diagnostics ----------------------------------------------------------
 // printf-style; each line gets a time stamp and goes to standard error and
-// to today's log file. Safe from any thread.
+// to today's log file. FFmpeg's own messages (errors and worse) come through
+// here too, marked "ffmpeg:". Safe from any thread.
 void KeloLogMessage(int level, const char* format, ...)
 #if defined(__GNUC__)
     __attribute__((format(printf, 2, 3)))
 #endif
     ;
+// Whether the lines also go to standard error (they do until this says 0);
+// the day file gets them either way. A quiet command line turns it off.
+void KeloSetLogEcho(int on);
 
 // --- problem reports ---------------------------------------------------------
 // A line for the summary of every later problem report ("Qt", "6.4.2").
