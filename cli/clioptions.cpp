@@ -56,12 +56,13 @@ const char kHelp[] =
     "  3   an input does not exist, is a folder or cannot be read\n"
     "  4   the input has no audio stream\n"
     "  5   the start lies at or after the end (or after the input's end)\n"
-    "  6   the span is shorter than 5 seconds\n"
+    "  6   the span (or the input's sound) is shorter than 5 seconds\n"
     "  7   the span is 40 seconds or longer (see --allow-long)\n"
     "  8   the output exists (see --force)\n"
-    "  9   the output's folder does not exist or cannot be written\n"
+    "  9   the output's folder cannot be made or cannot be written\n"
     "  10  the ringtone was made but the library did not take it\n"
-    "  11  with -d: at least one input failed (each is reported)\n";
+    "  11  with -d: at least one input failed (each is reported)\n"
+    "  12  the input is not a media file\n";
 
 CliCommand refuse(int code, const QString& message)
 {

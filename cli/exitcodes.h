@@ -15,5 +15,6 @@ enum CliExitCode : int
     kExitOutputExists = 8,     // the output exists, without --force
     kExitOutputUnwritable = 9, // the output's folder is missing or refuses the file
     kExitLibraryFailed = 10,   // the ringtone was written but the library refused it
-    kExitBatchFailed = 11      // -d: at least one input failed (each is reported)
+    kExitBatchFailed = 11,     // -d: at least one input failed (each is reported)
+    kExitNotMedia = 12         // the input is not a media file
 };

@@ -8,7 +8,6 @@
 #include "editor/waveplayback.h"
 #include "engine/progresswait.h"
 #include "engine/ringtonenode.h"
-#include "engine/timelinehelper.h"
 
 #include <QDir>
 #include <QFile>
@@ -130,9 +129,23 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     code = checkOutput(output, input, m_options.force, &m_message);
     if (code != kExitOk)
         return code;
-    if (!CTimeLineHelper::haveAudio(QFile::encodeName(input).constData())) {
-        m_message = QString("%1: no audio stream").arg(input);
+    long long audioMs = 0;
+    switch (CWaveIo::checkSource(input, &audioMs)) {
+    case SourceProblem::None:
+        break;
+    case SourceProblem::Unreadable:
+        m_message = QString("%1: cannot be read").arg(input);
+        return kExitInputUnreadable;
+    case SourceProblem::NotMedia:
+        m_message = QString("%1: not a media file").arg(input);
+        return kExitNotMedia;
+    case SourceProblem::NoSound:
+        m_message = QString("%1: no sound in it (no audio stream)").arg(input);
         return kExitNoAudio;
+    case SourceProblem::TooShort:
+        m_message = QString("%1: too short (%2); the shortest ringtone is %3")
+                        .arg(input, seconds(audioMs), seconds(kMinSelection));
+        return kExitTooShort;
     }
 
     // The editor's parts, as the editor wires them, without a progress pane.

@@ -1,5 +1,6 @@
 #include "editor/waveio.h"
 
+#include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
 #include "engine/convertwraper.h"
 #include "engine/platformfolders.h"
@@ -9,6 +10,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 #include <QTime>
 
@@ -64,6 +66,28 @@ QString CWaveIo::newTempWavePath()
 int CWaveIo::waitPhase(float weight, float offset, bool wait)
 {
     return m_wait->start(weight, offset, wait);
+}
+
+SourceProblem CWaveIo::checkSource(const QString& path, long long* audioMs)
+{
+    if (audioMs)
+        *audioMs = 0;
+    const QFileInfo info(path);
+    QFile file(path);
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        return SourceProblem::Unreadable;
+    file.close();
+    MediaStreams streams;
+    if (!CTimeLineHelper::probe(path.toLocal8Bit().constData(), &streams))
+        return SourceProblem::NotMedia;
+    if (!streams.audio)
+        return SourceProblem::NoSound;
+    if (audioMs)
+        *audioMs = streams.audioMs;
+    // An unknown length is left to the conversion to find out.
+    if (streams.audioMs > 0 && streams.audioMs < kMinSelection)
+        return SourceProblem::TooShort;
+    return SourceProblem::None;
 }
 
 int CWaveIo::convertToWave(const QString& src)

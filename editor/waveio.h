@@ -19,6 +19,17 @@ class CWavePlayback;
 // Bit rate the editor's conversions into its temporary WAV ask for.
 constexpr int kEditorBitRate = 128000;
 
+// What keeps a source out of the editor, found by a probe before anything
+// is converted.
+enum class SourceProblem
+{
+    None,
+    Unreadable, // missing, a folder, or refused when opened: trying again may help
+    NotMedia,   // the media engine does not take it as media at all
+    NoSound,    // media without an audio stream
+    TooShort    // less sound than the shortest ringtone
+};
+
 class CWaveIo
 {
 public:
@@ -34,6 +45,9 @@ public:
     void setWavePath(const QString& path) { wavePath = path; }
     const QString& getWavePath() const { return wavePath; }
 
+    // Whether the source can be edited; `audioMs`, when given, gets the
+    // sound's length (0 when unknown).
+    static SourceProblem checkSource(const QString& path, long long* audioMs = nullptr);
     // The source as a new temporary WAV: 1, -2 conversion refused, -3 the
     // copy's progress phase failed, -4 the source has no audio.
     int convertToWave(const QString& src);

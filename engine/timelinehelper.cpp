@@ -33,6 +33,15 @@ bool CTimeLineHelper::haveVideo(const char* path)
 
 bool CTimeLineHelper::haveStream(const char* path, int kind)
 {
+    MediaStreams streams;
+    if (!probe(path, &streams))
+        return false;
+    return kind == KELO_STREAM_AUDIO ? streams.audio : kind == KELO_STREAM_VIDEO && streams.video;
+}
+
+bool CTimeLineHelper::probe(const char* path, MediaStreams* streams)
+{
+    *streams = MediaStreams();
     const int timeline = getTimeline();
     tagKeloMediaSrc src;
     std::memset(&src, 0, sizeof src);
@@ -45,13 +54,17 @@ bool CTimeLineHelper::haveStream(const char* path, int kind)
     void* info = buffer;
     const int count = KeloGetMediaInfo(timeline, media, &info);
     if (count < 1)
-        return false;
+        return count == 0; // opened, with no stream in it
     const auto* records = static_cast<const unsigned char*>(info);
     for (int i = 0; i < count; ++i) {
-        int streamKind = 0;
-        std::memcpy(&streamKind, records + 64 * i, sizeof streamKind);
-        if (streamKind == kind)
-            return true;
+        tagKeloStreamInfo stream;
+        std::memcpy(&stream, records + sizeof stream * i, sizeof stream);
+        if (stream.nKind == KELO_STREAM_AUDIO && !streams->audio) {
+            streams->audio = true;
+            streams->audioMs = stream.llDuration;
+        } else if (stream.nKind == KELO_STREAM_VIDEO) {
+            streams->video = true;
+        }
     }
-    return false;
+    return true;
 }

@@ -3,12 +3,22 @@
 // holds an audio or a video stream. GUI thread only; the timeline lives from
 // the first getTimeline() to program exit, and probed items stay on it.
 
+// What a probe of a file found.
+struct MediaStreams
+{
+    bool audio = false;
+    bool video = false;
+    long long audioMs = 0; // the first audio stream's length; 0 when unknown
+};
+
 class CTimeLineHelper
 {
 public:
     static int getTimeline();
     static bool haveAudio(const char* path);
     static bool haveVideo(const char* path);
+    // False when the media engine cannot open the file as media at all.
+    static bool probe(const char* path, MediaStreams* streams);
 
     ~CTimeLineHelper();
     CTimeLineHelper(const CTimeLineHelper&) = delete;

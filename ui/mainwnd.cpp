@@ -2,6 +2,7 @@
 
 #include "ui/mainwnd.h"
 
+#include "editor/waveio.h"
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
 #include "engine/progressdlg.h"
@@ -305,12 +306,24 @@ void CMainWnd::on_inportFromITunes(QModelIndex index)
 
 void CMainWnd::importWave(CRingToneNode ringtone)
 {
+    // Checked before anything is closed: a file the editor cannot take
+    // leaves the song that is open as it was.
+    const SourceProblem problem = CWaveIo::checkSource(ringtone.strPath);
+    if (problem != SourceProblem::None) {
+        if (askTryAgain(ringtone, problem))
+            importWave(ringtone);
+        return;
+    }
     m_current = ringtone;
     const int page = m_mainStack->currentIndex();
     m_mainStack->setCurrentIndex(2);
     if (m_waveWnd->openFile(ringtone) < 0) {
-        // Closing the old wave on the way may have emptied the record: the
-        // try-again dialog names, and tries, this one.
+        // Failed half-way, after the song before was let go: none of it
+        // stays (editor, fields, preview). The try-again dialog names, and
+        // tries, this one.
+        m_waveWnd->stop();
+        m_previewWnd->hide();
+        m_showVideoBtn->setChecked(false);
         m_current = ringtone;
         notityConvertFailed(page);
     }
@@ -319,9 +332,9 @@ void CMainWnd::importWave(CRingToneNode ringtone)
 void CMainWnd::importWave(QString fileName)
 {
     // A fresh record: nothing of the song opened before stays with the file.
-    m_current = CRingToneNode();
-    m_current.LoadFromFile(fileName);
-    importWave(m_current);
+    CRingToneNode song;
+    song.LoadFromFile(fileName);
+    importWave(song);
 }
 
 void CMainWnd::openWave()

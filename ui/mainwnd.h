@@ -28,6 +28,7 @@ class CNewestDlg;
 class COptionDlg;
 class CPreviewWnd;
 class CProgressDlg;
+enum class SourceProblem;
 class CRingToneModel;
 class CRingToneSortProxyModel;
 class CTickerLabel;
@@ -110,6 +111,8 @@ public slots:
     void OnUInfo(int id, QString strInfo);
     // A failed import or export: offers to import the song again.
     void notityConvertFailed(int page);
+    // Says why `song` could not be used; true when the user asks to try again.
+    bool askTryAgain(const CRingToneNode& song, SourceProblem problem);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -442,15 +442,21 @@ QString CMainWnd::ringtonePathFor(const QString& dir, const QString& name)
 void CMainWnd::notityConvertFailed(int page)
 {
     Q_UNUSED(page);
-    CTryAgainDlg tryAgain(this);
-    tryAgain.setObjectName("tryagainDlg");
-    tryAgain.setFileName(m_current.strTitle);
     // Accepted imports the song again, which may fail again: the dialog
     // comes back for as long as the user accepts.
-    if (tryAgain.exec() == QDialog::Accepted)
+    if (askTryAgain(m_current, SourceProblem::None))
         importWave(m_current);
     else
         m_mainStack->setCurrentIndex(0);
+}
+
+bool CMainWnd::askTryAgain(const CRingToneNode& song, SourceProblem problem)
+{
+    CTryAgainDlg tryAgain(this);
+    tryAgain.setObjectName("tryagainDlg");
+    tryAgain.setFileName(song.strTitle);
+    tryAgain.setProblem(problem);
+    return tryAgain.exec() == QDialog::Accepted && CTryAgainDlg::canTryAgain(problem);
 }
 
 void CMainWnd::twitter()

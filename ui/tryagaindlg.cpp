@@ -1,5 +1,7 @@
 #include "ui/tryagaindlg.h"
 
+#include "editor/wavemodel.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -7,6 +9,8 @@
 namespace {
 constexpr int kWidth = 520;
 constexpr int kHeight = 240;
+constexpr int kButtonY = 200;
+constexpr int kCancelX = 290;
 } // namespace
 
 CTryAgainDlg::CTryAgainDlg(QWidget* parent)
@@ -20,10 +24,10 @@ CTryAgainDlg::CTryAgainDlg(QWidget* parent)
     m_message->setWordWrap(true);
     m_message->setOpenExternalLinks(true);
     m_okBtn->setObjectName("okBtn");
-    m_okBtn->setGeometry(160, 200, 75, 23);
+    m_okBtn->setGeometry(160, kButtonY, 75, 23);
     m_okBtn->setDefault(true);
     m_cancelBtn->setObjectName("cancelBtn");
-    m_cancelBtn->setGeometry(290, 200, 75, 23);
+    m_cancelBtn->setGeometry(kCancelX, kButtonY, 75, 23);
     connect(m_okBtn, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_cancelBtn, &QPushButton::clicked, this, &QDialog::reject);
     retranslate();
@@ -35,18 +39,62 @@ void CTryAgainDlg::setFileName(const QString& name)
     retranslate();
 }
 
+void CTryAgainDlg::setProblem(SourceProblem problem)
+{
+    m_problem = problem;
+    const bool again = canTryAgain(problem);
+    m_okBtn->setVisible(again);
+    m_okBtn->setDefault(again);
+    m_cancelBtn->setDefault(!again);
+    // The one button sits where the two would be centred.
+    m_cancelBtn->move(again ? kCancelX : (kWidth - m_cancelBtn->width()) / 2, kButtonY);
+    retranslate();
+}
+
+bool CTryAgainDlg::canTryAgain(SourceProblem problem)
+{
+    return problem == SourceProblem::None || problem == SourceProblem::Unreadable;
+}
+
 void CTryAgainDlg::retranslate()
 {
-    m_message->setText(
-        QObject::tr("<html><body>"
-                    "<p style=\"margin:0px;\">Sorry, the file &quot;%1&quot; is not converted "
-                    "correctly.</p>"
-                    "<p style=\"margin:0px;\">Something wrong happened.</p>"
-                    "<p style=\"margin:0px;\">Please try again or import another file.</p>"
-                    "</body></html>")
-            .arg(m_fileName.toHtmlEscaped()));
+    const QString name = m_fileName.toHtmlEscaped();
+    auto paragraphs = [](const QString& first, const QString& second) {
+        return "<html><body><p style=\"margin:0px;\">" + first + "</p><p style=\"margin:0px;\">" +
+               second + "</p></body></html>";
+    };
+    switch (m_problem) {
+    case SourceProblem::None:
+        m_message->setText(
+            QObject::tr("<html><body>"
+                        "<p style=\"margin:0px;\">Sorry, the file &quot;%1&quot; is not converted "
+                        "correctly.</p>"
+                        "<p style=\"margin:0px;\">Something wrong happened.</p>"
+                        "<p style=\"margin:0px;\">Please try again or import another file.</p>"
+                        "</body></html>")
+                .arg(name));
+        break;
+    case SourceProblem::Unreadable:
+        m_message->setText(
+            paragraphs(tr("Sorry, the file &quot;%1&quot; could not be read.").arg(name),
+                       tr("Check that it is still there, then try again.")));
+        break;
+    case SourceProblem::NotMedia:
+        m_message->setText(paragraphs(tr("&quot;%1&quot; is not a media file.").arg(name),
+                                      tr("Choose a song or a video.")));
+        break;
+    case SourceProblem::NoSound:
+        m_message->setText(paragraphs(tr("&quot;%1&quot; has no sound in it.").arg(name),
+                                      tr("Choose a song or a video with sound.")));
+        break;
+    case SourceProblem::TooShort:
+        m_message->setText(
+            paragraphs(tr("&quot;%1&quot; is too short.").arg(name),
+                       tr("The shortest ringtone is %1 seconds.").arg(kMinSelection / 1000)));
+        break;
+    }
     m_okBtn->setText(tr("Try again"));
-    m_cancelBtn->setText(tr("Cancel"));
+    m_cancelBtn->setText(canTryAgain(m_problem) ? tr("Cancel") : tr("OK"));
 }
 
 void CTryAgainDlg::changeEvent(QEvent* event)

@@ -1,8 +1,11 @@
 #pragma once
-// CTryAgainDlg: says that a file could not be converted and offers to try
-// again; accepted means "try again". Made on the stack for one use after a
-// failed import or export. GUI thread.
+// CTryAgainDlg: says why a file could not be used and, where trying again
+// can help (a conversion that failed, a file that could not be read), offers
+// to; accepted means "try again". For a file that is no media, has no sound
+// or is too short it only says so, with one button. Made on the stack for one
+// use after a failed import or export. GUI thread.
 
+#include "editor/waveio.h"
 #include "widgets/popdlg.h"
 
 #include <QString>
@@ -19,6 +22,11 @@ public:
 
     // Names the file (between quotation marks) in the message.
     void setFileName(const QString& name);
+    // What went wrong; SourceProblem::None (the default) is a conversion
+    // that failed.
+    void setProblem(SourceProblem problem);
+    // Whether trying again can help with this problem.
+    static bool canTryAgain(SourceProblem problem);
     void retranslate();
 
 protected:
@@ -26,6 +34,7 @@ protected:
 
 private:
     QString m_fileName;
+    SourceProblem m_problem = SourceProblem::None;
     QLabel* m_message;
     QPushButton* m_okBtn;
     QPushButton* m_cancelBtn;

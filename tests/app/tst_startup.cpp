@@ -382,7 +382,7 @@ private slots:
     {
         QTemporaryDir home;
         const QString song = QDir(home.path()).filePath("Given Song.wav");
-        QVERIFY(tw::writeWav(song, 44100, 2, 16, 44100 * 4,
+        QVERIFY(tw::writeWav(song, 44100, 2, 16, 44100 * 6,
                              [](qint64 frame, int) { return int(frame % 200) * 50 - 5000; }));
         QProcessEnvironment extra;
         extra.insert("TW_WAIT_FOR_SONG", "1");

@@ -330,8 +330,38 @@ private slots:
     {
         expectFailure(m_silent, {m_silent, "-o", out("silent.m4r")}, kExitNoAudio,
                       "no audio stream", out("silent.m4r"));
-        expectFailure(tw::textFixture(), {tw::textFixture(), "-o", out("text.m4r")}, kExitNoAudio,
-                      "no audio stream", out("text.m4r"));
+        expectFailure(tw::textFixture(), {tw::textFixture(), "-o", out("text.m4r")}, kExitNotMedia,
+                      "notes.txt: not a media file", out("text.m4r"));
+    }
+
+    void shouldSayWhyAnInputCannotBeUsed_data()
+    {
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("says");
+        const QString tiny = out("blip.wav");
+        QVERIFY(tw::ffmpeg(
+            {"-f", "lavfi", "-i", "sine=duration=0.14", "-ac", "2", "-c:a", "pcm_s16le", tiny}));
+        const QString second = out("one second.mp3");
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", "sine=duration=1", "-c:a", "libmp3lame", second}));
+        QTest::newRow("a text file")
+            << tw::textFixture() << int(kExitNotMedia) << "notes.txt: not a media file";
+        QTest::newRow("a 0.14-s sound")
+            << tiny << int(kExitTooShort)
+            << "blip.wav: too short (0.1 s); the shortest ringtone is 5.0 s";
+        QTest::newRow("a 1-s MP3")
+            << second << int(kExitTooShort)
+            << "one second.mp3: too short (1.0 s); the shortest ringtone is 5.0 s";
+        QTest::newRow("a video without sound")
+            << m_silent << int(kExitNoAudio) << "silent 2s.mp4: no sound in it";
+    }
+
+    void shouldSayWhyAnInputCannotBeUsed()
+    {
+        QFETCH(QString, input);
+        QFETCH(int, code);
+        QFETCH(QString, says);
+        expectFailure(input, {input, "-o", out("cannot.m4r")}, code, says, out("cannot.m4r"));
     }
 
     void shouldReportAnInputThatDoesNotDecode()
@@ -348,7 +378,7 @@ private slots:
         expectFailure(m_song, {m_song, "-o", ring, "--start", "0:40", "--end", "0:30"},
                       kExitStartAfterEnd, "is not before the end", ring);
         expectFailure(m_short, {m_short, "-o", ring}, kExitTooShort,
-                      "only 3.0 s of the input is left", ring);
+                      "too short (3.0 s); the shortest ringtone is 5.0 s", ring);
         expectFailure(m_song, {m_song, "-o", ring, "--start", "57"}, kExitTooShort,
                       "the shortest ringtone is 5.0 s", ring);
         expectFailure(m_song, {m_song, "-o", ring, "--length", "4"}, kExitTooShort,

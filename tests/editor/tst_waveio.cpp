@@ -159,6 +159,23 @@ private slots:
         QVERIFY(!CWaveIo::isCanonicalWave(QFile::encodeName(cut).constData()));
     }
 
+    void shouldTellWhatKeepsASourceOut()
+    {
+        long long ms = -1;
+        QCOMPARE(CWaveIo::checkSource(tw::mp3Fixture(20), &ms), SourceProblem::None);
+        QVERIFY2(qAbs(ms - 20000) < 100, qPrintable(QString::number(ms)));
+        QCOMPARE(CWaveIo::checkSource(m_dir.filePath("gone.mp3"), &ms), SourceProblem::Unreadable);
+        QCOMPARE(ms, 0LL);
+        QCOMPARE(CWaveIo::checkSource(m_dir.path()), SourceProblem::Unreadable); // a folder
+        QCOMPARE(CWaveIo::checkSource(tw::textFixture()), SourceProblem::NotMedia);
+        QCOMPARE(CWaveIo::checkSource(tw::emptyFixture()), SourceProblem::NotMedia);
+        QCOMPARE(CWaveIo::checkSource(tw::silentVideoFixture(2)), SourceProblem::NoSound);
+        QCOMPARE(CWaveIo::checkSource(tw::mp3Fixture(3), &ms), SourceProblem::TooShort);
+        QVERIFY(ms > 2900 && ms < 3100);
+        // Just long enough: five seconds of sound.
+        QCOMPARE(CWaveIo::checkSource(tw::wavFixture(5)), SourceProblem::None);
+    }
+
     void shouldRefuseASourceWithoutSound()
     {
         CWaveModel model;

@@ -4,6 +4,7 @@
 // and imports that fail (with the try-again dialog), the preview pane's
 // button, and Escape.
 
+#include "editor/waveplayback.h"
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
 #include "engine/timeconvert.h"
@@ -15,10 +16,13 @@
 #include "tests/library/libraryfixture.h"
 #include "ui/tickerlabel.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QListView>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTextDocumentFragment>
+#include <QTimeEdit>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -189,22 +193,128 @@ private slots:
             return [&messages, next](QWidget* modal) {
                 const auto labels = modal->findChildren<QLabel*>();
                 for (QLabel* label : labels)
-                    if (label->text().contains("not converted"))
+                    if (label->text().contains("could not be read"))
                         messages << QTextDocumentFragment::fromHtml(label->text()).toPlainText();
                 next(modal);
             };
         };
         answers.then(readAndThen(tw::ModalAnswer::click("okBtn")));     // try again
         answers.then(readAndThen(tw::ModalAnswer::click("cancelBtn"))); // give up
-        // Its file is not on disk: the import fails.
+        // Its file is not on disk: it cannot be read, and trying again may help.
         QVERIFY(mw::clickRow(list(), "Something"));
         QCOMPARE(answers.seen, QStringList({"CTryAgainDlg", "CTryAgainDlg"}));
         QCOMPARE(messages.size(), 2);
         for (const QString& m : messages)
-            QVERIFY2(m.startsWith("Sorry, the file \"Something\" is not converted correctly."),
+            QVERIFY2(m.startsWith("Sorry, the file \"Something\" could not be read."),
                      qPrintable(m));
-        QCOMPARE(m_wnd->currentSong().strTitle, QString("Something"));
-        QCOMPARE(mw::mainPage(*m_wnd), 0); // given up: the welcome pane
+        // Nothing was opened or closed on the way: no song, the page as it was.
+        QCOMPARE(m_wnd->currentSong().strPath, QString());
+        QCOMPARE(mw::mainPage(*m_wnd), 0);
+    }
+
+    void shouldSayWhyAFileCannotBeUsed_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("says");
+        const QString tiny = m_dir.filePath("blip.wav");
+        QVERIFY(tw::ffmpeg(
+            {"-f", "lavfi", "-i", "sine=duration=0.14", "-ac", "2", "-c:a", "pcm_s16le", tiny}));
+        const QString second = m_dir.filePath("one second.mp3");
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", "sine=duration=1", "-c:a", "libmp3lame", second}));
+        QTest::newRow("a text file") << tw::textFixture() << "\"notes\" is not a media file.";
+        QTest::newRow("a 0.14-s sound")
+            << tiny << "\"blip\" is too short.\nThe shortest ringtone is 5 seconds.";
+        QTest::newRow("a 1-s MP3")
+            << second << "\"one second\" is too short.\nThe shortest ringtone is 5 seconds.";
+        QTest::newRow("a video without sound")
+            << tw::silentVideoFixture(2) << "\"silent 2s\" has no sound in it.";
+    }
+
+    void shouldSayWhyAFileCannotBeUsed()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, says);
+        tw::ModalAnswer answers;
+        QString message;
+        bool offersTryAgain = true;
+        QString button;
+        bool isDefault = false;
+        answers.then([&](QWidget* modal) {
+            message =
+                QTextDocumentFragment::fromHtml(modal->findChild<QLabel*>("messageLabel")->text())
+                    .toPlainText();
+            offersTryAgain = modal->findChild<QPushButton*>("okBtn")->isVisible();
+            auto* only = modal->findChild<QPushButton*>("cancelBtn");
+            button = only->text();
+            isDefault = only->isDefault();
+            only->click();
+        });
+        m_wnd->importWave(file);
+        QCOMPARE(answers.seen, QStringList({"CTryAgainDlg"}));
+        QVERIFY2(message.startsWith(says), qPrintable(message));
+        QVERIFY(!offersTryAgain); // trying again cannot help
+        QCOMPARE(button, QString("OK"));
+        QVERIFY(isDefault);
+        QCOMPARE(mw::mainPage(*m_wnd), 0);
+        QCOMPARE(m_wnd->currentSong().strPath, QString());
+    }
+
+    void shouldKeepTheOpenSongWhenAnotherCannotBeUsed()
+    {
+        const QString video = tw::mp4AvFixture(8);
+        m_wnd->importWave(video);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        m_wnd->waveWnd()->setBeginTime(QTime(0, 0, 1));
+        m_wnd->waveWnd()->setEndTime(QTime(0, 0, 7));
+        auto* preview = m_wnd->findChild<CPreviewWnd*>("previewWnd");
+        QVERIFY(preview->isVisible());
+
+        tw::ModalAnswer answers;
+        answers.then(tw::ModalAnswer::click("cancelBtn"));
+        m_wnd->importWave(tw::textFixture());
+        QCOMPARE(answers.seen, QStringList({"CTryAgainDlg"}));
+        // Everything of the video stays, in step.
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(m_wnd->currentSong().strPath, video);
+        QCOMPARE(m_wnd->findChild<CTickerLabel*>("titleLabel")->text(), QString("clip 8s"));
+        QCOMPARE(preview->node().strPath, video);
+        QVERIFY(preview->isVisible());
+        QVERIFY(m_wnd->waveWnd()->playback().isOpen());
+        QCOMPARE(m_wnd->findChild<QTimeEdit*>("beginTime")->time(), QTime(0, 0, 1));
+        QCOMPARE(m_wnd->findChild<QTimeEdit*>("endTime")->time(), QTime(0, 0, 7));
+        QCOMPARE(m_wnd->waveWnd()->getBeginTime(), QTime(0, 0, 1));
+    }
+
+    void shouldLeaveNothingOfTheOldSongWhenAnImportFailsHalfWay()
+    {
+        const QString video = tw::mp4AvFixture(8);
+        m_wnd->importWave(video);
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        auto* preview = m_wnd->findChild<CPreviewWnd*>("previewWnd");
+        QVERIFY(preview->isVisible());
+
+        // A FLAC that probes as sound but does not decode.
+        const QString damaged = m_dir.filePath("damaged.flac");
+        QFile::remove(damaged);
+        QVERIFY(QFile::copy(tw::flacFixture(20), damaged));
+        QFile f(damaged);
+        QVERIFY(f.open(QIODevice::ReadWrite));
+        QByteArray all = f.readAll();
+        for (int i = 9000; i < all.size(); i += 7)
+            all[i] = '\0';
+        f.seek(0);
+        QCOMPARE(f.write(all), qint64(all.size()));
+        f.close();
+
+        tw::ModalAnswer answers;
+        answers.then(tw::ModalAnswer::click("cancelBtn"));
+        m_wnd->importWave(damaged);
+        QCOMPARE(answers.seen, QStringList({"CTryAgainDlg"}));
+        QCOMPARE(mw::mainPage(*m_wnd), 0);
+        QVERIFY(!m_wnd->waveWnd()->playback().isOpen());
+        QCOMPARE(preview->node().strPath, QString());
+        QVERIFY(!preview->isVisible());
+        QVERIFY(!button("showVideoButton")->isChecked());
     }
 
     void shouldOpenASongClickedInTheList()
@@ -245,7 +355,7 @@ private slots:
         QVERIFY(!m_wnd->findChild<CPreviewWnd*>("previewWnd")->isVisible());
 
         // A video brings the preview pane out.
-        const QString video = tw::mp4AvFixture(3);
+        const QString video = tw::mp4AvFixture(6);
         m_wnd->importWave(video);
         QCOMPARE(mw::mainPage(*m_wnd), 1);
         QVERIFY(m_wnd->findChild<CPreviewWnd*>("previewWnd")->isVisible());
