@@ -129,7 +129,7 @@ int tonewrightMain(int argc, char* argv[])
         app->setStyleSheet(css);
     }
 
-    CLanguage::instance()->translatorLan(QString());
+    CLanguage::instance()->restore();
 
     auto settings = std::make_unique<QSettings>();
     std::unique_ptr<CMainWnd> mainWnd = openMainWindow(*settings);

@@ -1,8 +1,12 @@
 #include "core/language.h"
 
+#include "core/settingskeys.h"
+
 #include <QCoreApplication>
 #include <QDebug>
+#include <QFileInfo>
 #include <QLocale>
+#include <QSettings>
 #include <QTranslator>
 
 namespace {
@@ -68,4 +72,23 @@ void CLanguage::translatorLan(QString code)
     // English is the choice as well as the fallback; no toolkit texts for it.
     if (!m_appTranslator)
         m_appTranslator = install("Tonewright_en");
+}
+
+void CLanguage::choose(const QString& code)
+{
+    QSettings().setValue(settingskeys::kLanguage, code);
+    translatorLan(code);
+}
+
+void CLanguage::restore()
+{
+    translatorLan(QSettings().value(settingskeys::kLanguage).toString());
+}
+
+QString CLanguage::currentCode() const
+{
+    // "Tonewright_fr.qm" → "fr"; a regional file keeps its language only.
+    const QString base = QFileInfo(appTranslatorFile()).completeBaseName();
+    const QString code = base.mid(base.indexOf('_') + 1).left(2);
+    return m_appTranslator && base.contains('_') ? code : QStringLiteral("en");
 }

@@ -6,6 +6,10 @@ namespace settingskeys {
 // True while the program runs; a start that finds it true had a crash before.
 inline constexpr char kCrashFlag[] = "crashFlag";
 
+// The code of the language chosen from the menu ("fr", "ja", ...); none
+// until one is chosen, when the system's language is taken.
+inline constexpr char kLanguage[] = "Language";
+
 inline constexpr char kProxyUse[] = "Proxy/useProxy";
 inline constexpr char kProxyHost[] = "Proxy/Host";
 inline constexpr char kProxyPort[] = "Proxy/Port";

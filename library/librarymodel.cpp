@@ -127,7 +127,7 @@ QVariant CLibraryModel::data(const QModelIndex& index, int role) const
         return QVariant();
     switch (role) {
     case Qt::DisplayRole:
-        return node->caption;
+        return displayCaption(node);
     case Qt::DecorationRole:
         return node->icon.isNull() ? QIcon() : node->icon;
     case Qt::FontRole:
@@ -145,6 +145,44 @@ QVariant CLibraryModel::data(const QModelIndex& index, int role) const
         return QVariant();
     default:
         return QVariant();
+    }
+}
+
+QString CLibraryModel::displayCaption(const CLibraryNode* node)
+{
+    // The English names the libraries give their built-in playlists.
+    static const char* const kBuiltIn[] = {QT_TR_NOOP("Music"),     QT_TR_NOOP("Movies"),
+                                           QT_TR_NOOP("Ringtones"), QT_TR_NOOP("TV Shows"),
+                                           QT_TR_NOOP("Podcasts"),  QT_TR_NOOP("Purchased")};
+    switch (node->type) {
+    case LT_LIBRARY:
+        return tr("Library");
+    case LT_PLAYLISTS:
+        return tr("PlayList");
+    case LT_PLAYLIST:
+        if (node->parent && node->parent->type == LT_LIBRARY) {
+            for (const char* name : kBuiltIn)
+                if (node->caption == QLatin1String(name))
+                    return tr(name);
+        }
+        return node->caption;
+    default:
+        // The loading row (worded when it was made); the root is never shown.
+        return node->caption;
+    }
+}
+
+void CLibraryModel::retranslate()
+{
+    if (!m_root)
+        return;
+    for (CLibraryNode* group : std::as_const(m_root->children)) {
+        const int row = m_root->children.indexOf(group);
+        const QModelIndex groupIndex = index(row, 0);
+        emit dataChanged(groupIndex, groupIndex, {Qt::DisplayRole});
+        if (group->getChildNum() > 0)
+            emit dataChanged(index(0, 0, groupIndex),
+                             index(group->getChildNum() - 1, 0, groupIndex), {Qt::DisplayRole});
     }
 }
 

@@ -5,7 +5,8 @@
 // GUI thread only. loadLibrary() rebuilds the tree; call it before a view is
 // attached, since the rebuild announces only the removal of row 0. While the
 // library loads on its worker thread the tree holds one "Loading library…"
-// row and refills itself (with a model reset) when the load ends.
+// row and refills itself (with a model reset) when the load ends. Captions
+// are translated as they are shown, so a language change shows at once.
 
 #include "library/librarynode.h"
 
@@ -32,6 +33,12 @@ public:
                         int role = Qt::DisplayRole) const override;
 
     CLibraryNode* nodeFromIndex(const QModelIndex& index) const;
+    // The captions in the current language: the group captions, and the
+    // built-in playlists while they have the names the library gave them in
+    // English (a playlist the user named keeps its name).
+    static QString displayCaption(const CLibraryNode* node);
+    // Tells the views that every caption may read differently now.
+    void retranslate();
 
 private:
     // Builds the tree under a fresh root (or the loading row).

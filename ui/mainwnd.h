@@ -113,6 +113,8 @@ public slots:
     void notityConvertFailed(int page);
     // Says why `song` could not be used; true when the user asks to try again.
     bool askTryAgain(const CRingToneNode& song, SourceProblem problem);
+    // Ticks the language whose texts are installed.
+    void checkCurrentLanguage();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

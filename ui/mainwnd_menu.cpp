@@ -8,6 +8,7 @@
 #include "core/mpconfig.h"
 #include "crash/crashreportdlg.h"
 #include "library/filteredit.h"
+#include "library/librarymodel.h"
 #include "ui/aboutdlg.h"
 #include "ui/optiondlg.h"
 #include "update/newestdlg.h"
@@ -31,22 +32,17 @@
 
 namespace {
 
-// The language menu: captions (as retranslate() words them) and codes.
+// The language menu: each language in its own name (never translated) and
+// its code.
 struct Language
 {
-    const char* caption;
+    const char* name; // UTF-8
     const char* code;
 };
 const Language kLanguages[] = {
-    {QT_TRANSLATE_NOOP("CMainWnd", "English"), "en"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "French"), "fr"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "Japanese"), "ja"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "German"), "de"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "Spanish"), "es"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "Italian"), "it"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "Dutch"), "nl"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "Portuguese"), "pt"},
-    {QT_TRANSLATE_NOOP("CMainWnd", "chinese"), "zh"}}; // lower case, kept
+    {"English", "en"}, {"Français", "fr"}, {"日本語", "ja"},     {"Deutsch", "de"},
+    {"Español", "es"}, {"Italiano", "it"}, {"Nederlands", "nl"}, {"Português (Brasil)", "pt"},
+    {"简体中文", "zh"}};
 
 void openInBrowser(const QString& address)
 {
@@ -88,18 +84,15 @@ void CMainWnd::createMenuBar()
     m_languageGroup = new QActionGroup(this);
     m_languageGroup->setExclusive(true);
     for (const Language& language : kLanguages) {
-        auto* act = new QAction(QString::fromLatin1(language.caption), this);
+        auto* act = new QAction(QString::fromUtf8(language.name), this);
         act->setCheckable(true);
         act->setData(QString::fromLatin1(language.code));
         m_languageGroup->addAction(act);
         m_languageMenu->addAction(act);
         m_languageActs << act;
     }
-    // The language start-up chose from the system locale shows as checked.
-    const QString system = QLocale::system().name().left(2);
-    for (QAction* act : std::as_const(m_languageActs))
-        if (act->data().toString() == system)
-            act->setChecked(true);
+    // The language start-up installed shows as checked.
+    checkCurrentLanguage();
     connect(m_languageGroup, &QActionGroup::triggered, this,
             qOverload<QAction*>(&CMainWnd::translatorLan));
 
@@ -163,8 +156,9 @@ void CMainWnd::retranslate()
     m_minimizeAct->setText(tr("Minimize"));
     m_frontAct->setText(tr("Bring All to Front"));
     m_languageMenu->setTitle(tr("Language"));
-    for (int i = 0; i < m_languageActs.size(); ++i)
-        m_languageActs[i]->setText(tr(kLanguages[i].caption));
+    checkCurrentLanguage();
+    if (m_libraryModel)
+        m_libraryModel->retranslate();
     m_helpMenu->setTitle(tr("Help"));
     m_aboutAct->setText(tr("About"));
     m_supportAct->setText(tr("Support"));
@@ -241,12 +235,17 @@ void CMainWnd::jDiscwell()
 
 void CMainWnd::translatorLan(QAction* action)
 {
-    QString code = "en";
     if (action)
-        code = action->data().toString();
+        CLanguage::instance()->choose(action->data().toString());
     else
-        code = QLocale::system().name();
-    CLanguage::instance()->translatorLan(code);
+        CLanguage::instance()->translatorLan(QLocale::system().name());
+}
+
+void CMainWnd::checkCurrentLanguage()
+{
+    const QString current = CLanguage::instance()->currentCode();
+    for (QAction* act : std::as_const(m_languageActs))
+        act->setChecked(act->data().toString() == current);
 }
 
 // --- update checks ----------------------------------------------------------

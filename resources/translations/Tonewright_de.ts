@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>Wiedergabelisten</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Filme</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>Klingeltöne</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>TV-Sendungen</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>Podcasts</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>Gekauft</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>Ich erstelle gerade den Klingelton %1 mit Tonewright. </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>Englisch</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>Französisch</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>Japanisch</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>Deutsch</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>Spanisch</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>Italienisch</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>Niederländisch</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>Portugiesisch</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>Chinesisch</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>Die Datei &amp;quot;%1&amp;quot; konnte leider nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>Prüfen Sie, ob sie noch vorhanden ist, und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot; ist keine Mediendatei.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>Wählen Sie ein Lied oder ein Video.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot; enthält keinen Ton.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>Wählen Sie ein Lied oder ein Video mit Ton.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot; ist zu kurz.</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>Ein Klingelton ist mindestens %1 Sekunden lang.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

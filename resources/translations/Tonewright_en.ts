@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>PlayList</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>Music</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Movies</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>Ringtones</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>TV Shows</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>Podcasts</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>Purchased</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>I am creating a ringtone %1 with Tonewright. </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>English</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>French</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>Japanese</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>German</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>Spanish</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>Italian</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>Dutch</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>Portuguese</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>chinese</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>Check that it is still there, then try again.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot; is not a media file.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>Choose a song or a video.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot; has no sound in it.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>Choose a song or a video with sound.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot; is too short.</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>The shortest ringtone is %1 seconds.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

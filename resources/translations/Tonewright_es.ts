@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>Listas de reproducción</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Películas</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>Tonos</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>Series de TV</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>Podcasts</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>Comprado</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>Estoy creando el tono %1 con Tonewright. </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>Inglés</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>Francés</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>Japonés</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>Alemán</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>Español</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>Italiano</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>Neerlandés</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>Portugués</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>Chino</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>Lo sentimos, no se pudo leer el archivo &amp;quot;%1&amp;quot;.</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>Compruebe que sigue ahí y vuelva a intentarlo.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot; no es un archivo multimedia.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>Elija una canción o un vídeo.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot; no tiene sonido.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>Elija una canción o un vídeo con sonido.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot; es demasiado corto.</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>El tono más corto dura %1 segundos.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>Listes de lecture</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Films</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>Sonneries</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>Séries TV</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>Podcasts</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>Achats</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>Je crée la sonnerie %1 avec Tonewright. </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>Anglais</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>Français</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>Japonais</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>Allemand</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>Espagnol</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>Italien</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>Néerlandais</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>Portugais</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>Chinois</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>Désolé, le fichier &amp;quot;%1&amp;quot; n&apos;a pas pu être lu.</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>Vérifiez qu&apos;il est toujours là, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot; n&apos;est pas un fichier multimédia.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>Choisissez une chanson ou une vidéo.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot; ne contient aucun son.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>Choisissez une chanson ou une vidéo avec du son.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot; est trop court.</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>Une sonnerie dure au moins %1 secondes.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>Playlist</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>Musica</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>Suonerie</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>Programmi TV</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>Podcast</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>Acquistati</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>Sto creando la suoneria %1 con Tonewright. </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>Inglese</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>Francese</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>Giapponese</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>Tedesco</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>Spagnolo</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>Italiano</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>Olandese</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>Portoghese</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>Cinese</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>Spiacenti, impossibile leggere il file &amp;quot;%1&amp;quot;.</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>Verifica che sia ancora presente, poi riprova.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot; non è un file multimediale.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>Scegli un brano o un video.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot; non contiene audio.</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>Scegli un brano o un video con audio.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot; è troppo breve.</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>La suoneria più breve dura %1 secondi.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>プレイリスト</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>ミュージック</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>ムービー</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>着信音</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>テレビ番組</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>Podcast</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>購入したもの</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>Tonewright で着信音「%1」を作成しています。 </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>英語</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>フランス語</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>日本語</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>ドイツ語</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>スペイン語</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>イタリア語</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>オランダ語</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>ポルトガル語</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>中国語</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>ファイル &amp;quot;%1&amp;quot; を読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>ファイルがまだあるか確認してから、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot; はメディアファイルではありません。</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>曲またはビデオを選んでください。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot; には音声がありません。</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>音声のある曲またはビデオを選んでください。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot; は短すぎます。</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>着信音は最短で %1 秒です。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

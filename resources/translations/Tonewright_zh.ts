@@ -95,6 +95,30 @@
         <source>PlayList</source>
         <translation>播放列表</translation>
     </message>
+    <message>
+        <source>Music</source>
+        <translation>音乐</translation>
+    </message>
+    <message>
+        <source>Movies</source>
+        <translation>影片</translation>
+    </message>
+    <message>
+        <source>Ringtones</source>
+        <translation>铃声</translation>
+    </message>
+    <message>
+        <source>TV Shows</source>
+        <translation>电视节目</translation>
+    </message>
+    <message>
+        <source>Podcasts</source>
+        <translation>播客</translation>
+    </message>
+    <message>
+        <source>Purchased</source>
+        <translation>已购项目</translation>
+    </message>
 </context>
 <context>
     <name>CMainWnd</name>
@@ -129,42 +153,6 @@
     <message>
         <source>I am creating a ringtone %1 with Tonewright. </source>
         <translation>我正在用 Tonewright 制作铃声“%1”。 </translation>
-    </message>
-    <message>
-        <source>English</source>
-        <translation>英语</translation>
-    </message>
-    <message>
-        <source>French</source>
-        <translation>法语</translation>
-    </message>
-    <message>
-        <source>Japanese</source>
-        <translation>日语</translation>
-    </message>
-    <message>
-        <source>German</source>
-        <translation>德语</translation>
-    </message>
-    <message>
-        <source>Spanish</source>
-        <translation>西班牙语</translation>
-    </message>
-    <message>
-        <source>Italian</source>
-        <translation>意大利语</translation>
-    </message>
-    <message>
-        <source>Dutch</source>
-        <translation>荷兰语</translation>
-    </message>
-    <message>
-        <source>Portuguese</source>
-        <translation>葡萄牙语</translation>
-    </message>
-    <message>
-        <source>chinese</source>
-        <translation>简体中文</translation>
     </message>
     <message>
         <source>File</source>
@@ -450,6 +438,42 @@
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>Sorry, the file &amp;quot;%1&amp;quot; could not be read.</source>
+        <translation>抱歉，无法读取文件&amp;quot;%1&amp;quot;。</translation>
+    </message>
+    <message>
+        <source>Check that it is still there, then try again.</source>
+        <translation>请确认文件仍在原处，然后重试。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a media file.</source>
+        <translation>&amp;quot;%1&amp;quot;不是媒体文件。</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video.</source>
+        <translation>请选择一首歌曲或一段视频。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; has no sound in it.</source>
+        <translation>&amp;quot;%1&amp;quot;中没有声音。</translation>
+    </message>
+    <message>
+        <source>Choose a song or a video with sound.</source>
+        <translation>请选择有声音的歌曲或视频。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too short.</source>
+        <translation>&amp;quot;%1&amp;quot;太短。</translation>
+    </message>
+    <message>
+        <source>The shortest ringtone is %1 seconds.</source>
+        <translation>铃声最短为 %1 秒。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTranslator>
 #include <QTreeView>
 
 class TestLibraryModel : public QObject
@@ -31,6 +32,8 @@ private slots:
     void shouldRefuseIndexesOutOfRange();
     void shouldAnnounceOnlyTheRemovalOfRowZeroWhenRebuilding();
     void shouldBeWalkableByTesterAndView();
+    void shouldTranslateBuiltInNamesButNotTheUsers();
+    void shouldTellTheViewsOfEveryCaptionOnRetranslate();
 
 private:
     QTemporaryDir m_dir;
@@ -224,6 +227,50 @@ void TestLibraryModel::shouldAnnounceOnlyTheRemovalOfRowZeroWhenRebuilding()
     QCOMPARE(model.rowCount(model.index(1, 0)), 5);
     QCOMPARE(model.data(model.index(0, 0, model.index(1, 0))).toString(),
              QString::fromUtf8("90’s Music"));
+}
+
+void TestLibraryModel::shouldTranslateBuiltInNamesButNotTheUsers()
+{
+    CLibraryNode library(LT_LIBRARY, "Library");
+    CLibraryNode music(LT_PLAYLIST, "Music");
+    CLibraryNode movies(LT_PLAYLIST, "Movies");
+    CLibraryNode renamed(LT_PLAYLIST, "Musique"); // the library's own word kept
+    library.children << &music << &movies << &renamed;
+    music.parent = movies.parent = renamed.parent = &library;
+    CLibraryNode lists(LT_PLAYLISTS, "PlayList");
+    CLibraryNode mine(LT_PLAYLIST, "Music"); // a user's playlist of that name
+    mine.parent = &lists;
+
+    QTranslator french;
+    QVERIFY(french.load("Tonewright_fr", TW_BINARY_DIR));
+    QCoreApplication::installTranslator(&french);
+    QCOMPARE(CLibraryModel::displayCaption(&library), QString::fromUtf8("Bibliothèque"));
+    QCOMPARE(CLibraryModel::displayCaption(&music), QString("Musique"));
+    QCOMPARE(CLibraryModel::displayCaption(&movies), QString("Films"));
+    QCOMPARE(CLibraryModel::displayCaption(&renamed), QString("Musique"));
+    QCOMPARE(CLibraryModel::displayCaption(&lists), QString("Listes de lecture"));
+    QCOMPARE(CLibraryModel::displayCaption(&mine), QString("Music"));
+    QCoreApplication::removeTranslator(&french);
+    QCOMPARE(CLibraryModel::displayCaption(&music), QString("Music"));
+    library.children.clear(); // the stack owns them
+}
+
+void TestLibraryModel::shouldTellTheViewsOfEveryCaptionOnRetranslate()
+{
+    CLibraryModel model;
+    model.loadLibrary();
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.retranslate();
+    // Each group, then the span of its children.
+    QCOMPARE(changed.count(), 4);
+    QCOMPARE(changed.at(0).at(0).value<QModelIndex>(), model.index(0, 0));
+    const QModelIndex library = model.index(0, 0);
+    QCOMPARE(changed.at(1).at(0).value<QModelIndex>(), model.index(0, 0, library));
+    QCOMPARE(changed.at(1).at(1).value<QModelIndex>(),
+             model.index(model.rowCount(library) - 1, 0, library));
+    QCOMPARE(changed.at(2).at(0).value<QModelIndex>(), model.index(1, 0));
+    for (const QList<QVariant>& args : changed)
+        QCOMPARE(args.at(2).value<QList<int>>(), QList<int>({Qt::DisplayRole}));
 }
 
 void TestLibraryModel::shouldBeWalkableByTesterAndView()

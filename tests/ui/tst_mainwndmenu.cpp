@@ -10,6 +10,7 @@
 #include "mainwndfixture.h"
 #include "modalanswer.h"
 #include "testenv.h"
+#include "tests/library/libraryfixture.h"
 #include "update/update.h"
 #include "urlcatcher.h"
 
@@ -20,11 +21,18 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTextEdit>
 #include <QToolButton>
+#include <QTreeView>
 
 namespace {
+
+// The language menu: each language in its own words.
+const QStringList kOwnNames = {"English", "Français", "日本語",     "Deutsch",
+                               "Español", "Italiano", "Nederlands", "Português (Brasil)",
+                               "简体中文"};
 
 QByteArray reply(const QString& version, const QString& whatsNew)
 {
@@ -71,6 +79,7 @@ class TestMainWndMenu : public QObject
 private:
     std::unique_ptr<CMainWnd> m_wnd;
     tw::HttpServer m_server;
+    QTemporaryDir m_dir;
 
     QMenuBar* menuBar() const { return m_wnd->findChild<QMenuBar*>("menuBar"); }
     QMenu* menu(int i) const { return menuBar()->actions().at(i)->menu(); }
@@ -92,6 +101,8 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_server.listen());
+        QVERIFY(m_dir.isValid());
+        lib::makeLibrary(m_dir);
         qputenv("TONEWRIGHT_UPDATE_URL",
                 m_server.url("/update-product-info/update.php").toLatin1());
         // The translations beside the program, as start-up finds them.
@@ -123,9 +134,7 @@ private slots:
                  QStringList({"File", "Windows", "Language", "Help", "Extras"}));
         QCOMPARE(texts(menu(0)->actions()), QStringList({"Open", "Save As", "Close"}));
         QCOMPARE(texts(menu(1)->actions()), QStringList({"Minimize", "Bring All to Front"}));
-        QCOMPARE(texts(menu(2)->actions()),
-                 QStringList({"English", "French", "Japanese", "German", "Spanish", "Italian",
-                              "Dutch", "Portuguese", "chinese"}));
+        QCOMPARE(texts(menu(2)->actions()), kOwnNames);
         QCOMPARE(texts(menu(3)->actions()),
                  QStringList({"About", "Check &Upgrade", "Support", "Help Topic", "Option"}));
         QCOMPARE(menu(4)->actions().size(), 4);
@@ -192,6 +201,64 @@ private slots:
         entry(2, 0)->trigger();
         QTRY_COMPARE(menuBar()->actions().first()->text(), QString("File"));
         QVERIFY(!CLanguage::instance()->hasQtTranslator());
+    }
+
+    void shouldNameEachLanguageInItsOwnWordsAndTickTheCurrentOne()
+    {
+        // English is installed by init(): ticked from the start.
+        for (int i = 0; i < 9; ++i)
+            QCOMPARE(entry(2, i)->isChecked(), i == 0);
+        entry(2, 2)->trigger(); // 日本語
+        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("ファイル"));
+        // Still each in its own words, whatever the language around them.
+        QCOMPARE(texts(menu(2)->actions()), kOwnNames);
+        QVERIFY(entry(2, 2)->isChecked());
+        QCOMPARE(QSettings().value("Language").toString(), QString("ja"));
+
+        // A window made later (the next start) ticks what is installed.
+        m_wnd.reset();
+        m_wnd = std::make_unique<CMainWnd>();
+        for (int i = 0; i < 9; ++i)
+            QCOMPARE(entry(2, i)->isChecked(), i == 2);
+    }
+
+    void shouldRememberTheLanguageForTheNextStart()
+    {
+        QSettings().remove("Language");
+        entry(2, 3)->trigger(); // Deutsch
+        QCOMPARE(QSettings().value("Language").toString(), QString("de"));
+        // The next start: English first, then what was remembered.
+        CLanguage::instance()->translatorLan("en");
+        CLanguage::instance()->restore();
+        QVERIFY2(CLanguage::instance()->appTranslatorFile().endsWith("Tonewright_de.qm"),
+                 qPrintable(CLanguage::instance()->appTranslatorFile()));
+        QCOMPARE(CLanguage::instance()->currentCode(), QString("de"));
+        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("Datei"));
+        QVERIFY(entry(2, 3)->isChecked());
+        QSettings().remove("Language");
+    }
+
+    void shouldTranslateTheLibraryColumnAtOnce()
+    {
+        auto* tree = m_wnd->findChild<QTreeView*>("libraryTree");
+        QTRY_VERIFY(mw::findRow(tree, "Library").isValid());
+        QVERIFY(mw::findRow(tree, "PlayList").isValid());
+        QVERIFY(mw::findRow(tree, "Music").isValid());
+        QVERIFY(mw::findRow(tree, "Movies").isValid());
+        QVERIFY(mw::findRow(tree, "Ringtones").isValid());
+        QSignalSpy changed(tree->model(), &QAbstractItemModel::dataChanged);
+        entry(2, 1)->trigger(); // Français
+        QTRY_VERIFY(mw::findRow(tree, "Bibliothèque").isValid());
+        QTRY_VERIFY(changed.count() > 0); // the view is told, so it repaints
+        QVERIFY(mw::findRow(tree, "Listes de lecture").isValid());
+        QVERIFY(mw::findRow(tree, "Musique").isValid());
+        QVERIFY(mw::findRow(tree, "Films").isValid());
+        QVERIFY(mw::findRow(tree, "Sonneries").isValid());
+        QVERIFY(!mw::findRow(tree, "Music").isValid());
+        // A playlist the user named keeps its name.
+        QVERIFY(mw::findRow(tree, "Road Trip").isValid());
+        entry(2, 0)->trigger();
+        QTRY_VERIFY(mw::findRow(tree, "Music").isValid());
     }
 
     void shouldCloseThroughTheFileMenu()
