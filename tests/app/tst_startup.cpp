@@ -168,6 +168,18 @@ private:
         return r;
     }
 
+    // Starts a run that stays until it is ended, and waits until it has
+    // armed the crash flag and logged its start.
+    static void startArmedRun(const QString& home, QProcess& p)
+    {
+        p.setProcessEnvironment(childEnv(home));
+        p.start(QCoreApplication::applicationFilePath(), QStringList() << "--run-app"
+                                                                       << "-1");
+        QVERIFY(p.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(crashFlagOf(home), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(readAll(logFile(home)).contains("app start"), 20000);
+    }
+
 private slots:
     void init()
     {
@@ -326,12 +338,9 @@ private slots:
         QFETCH(int, signal);
         QTemporaryDir home;
         QProcess p;
-        p.setProcessEnvironment(childEnv(home.path()));
-        p.start(QCoreApplication::applicationFilePath(), QStringList() << "--run-app"
-                                                                       << "-1");
-        QVERIFY(p.waitForStarted());
-        QTRY_VERIFY_WITH_TIMEOUT(crashFlagOf(home.path()), 20000);
-        QTRY_VERIFY_WITH_TIMEOUT(readAll(logFile(home.path())).contains("app start"), 20000);
+        startArmedRun(home.path(), p);
+        if (QTest::currentTestFailed())
+            return;
         ::kill(pid_t(p.processId()), signal);
         QVERIFY(p.waitForFinished(20000));
         QCOMPARE(p.exitStatus(), QProcess::NormalExit);
@@ -352,13 +361,10 @@ private slots:
     {
         QTemporaryDir home;
         QProcess p;
-        p.setProcessEnvironment(childEnv(home.path()));
-        p.start(QCoreApplication::applicationFilePath(), QStringList() << "--run-app"
-                                                                       << "-1");
-        QVERIFY(p.waitForStarted());
         // Wait until the run has armed the flag, then kill it.
-        QTRY_VERIFY_WITH_TIMEOUT(crashFlagOf(home.path()), 20000);
-        QTRY_VERIFY_WITH_TIMEOUT(readAll(logFile(home.path())).contains("app start"), 20000);
+        startArmedRun(home.path(), p);
+        if (QTest::currentTestFailed())
+            return;
         ::kill(pid_t(p.processId()), SIGKILL);
         QVERIFY(p.waitForFinished(10000));
         QCOMPARE(crashFlagOf(home.path()), true);
