@@ -2,7 +2,7 @@
 
 #include "job.h"
 
-#include "aacwriter.h"
+#include "encodedwriter.h"
 #include "pcmsource.h"
 #include "wavwriter.h"
 
@@ -166,10 +166,10 @@ int RenderJob::render(std::string* temp)
     if (temp->empty())
         return KELO_E_IO;
     std::unique_ptr<PcmSink> sink;
-    if (m_order.aac) {
-        auto aac = std::make_unique<AacWriter>();
-        rc = aac->open(*temp, m_order.bitRate);
-        sink = std::move(aac);
+    if (m_order.output != OutputKind::Wav) {
+        auto encoded = std::make_unique<EncodedWriter>();
+        rc = encoded->open(*temp, m_order.output, m_order.bitRate, Tags{item.title, item.artist});
+        sink = std::move(encoded);
     } else {
         auto wav = std::make_unique<WavWriter>();
         rc = wav->open(*temp);

@@ -18,12 +18,21 @@
 
 namespace vexa {
 
+// What a render writes.
+enum class OutputKind
+{
+    Wav,       // canonical 44-byte-header PCM
+    Mp4Aac,    // AAC-LC in MPEG-4 (brand "M4A ")
+    OggVorbis, // Vorbis in Ogg
+    Mp3        // MP3 with an ID3v2 tag
+};
+
 struct RenderOrder
 {
     int timeline = 0;
     int media = 0;
     std::shared_ptr<const MediaItem> item;
-    bool aac = false; // else WAV
+    OutputKind output = OutputKind::Wav;
     int bitRate = 0;
     std::string dest;
     KeloNotifyProc notify = nullptr;

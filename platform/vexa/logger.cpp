@@ -26,6 +26,9 @@ std::string g_dataDir;
 std::atomic<bool> g_echo{true};
 
 // FFmpeg's messages as engine log lines, at FFmpeg's level number.
+#if defined(__GNUC__)
+__attribute__((format(printf, 3, 0)))
+#endif
 void ffmpegLogLine(void* object, int level, const char* format, va_list args)
 {
     if (level > av_log_get_level())

@@ -21,6 +21,8 @@ struct MediaItem
     int64_t start = 0; // ms
     int64_t end = 0;   // ms; 0..0 is the whole file
     std::vector<tagKeloStreamInfo> streams;
+    std::string title; // tags of what is rendered from it, UTF-8
+    std::string artist;
 };
 
 // A running or finished job, as the tables see it.

@@ -36,17 +36,23 @@ extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloR
         (param->nBitsPerSample != 0 && param->nBitsPerSample != 16) || param->nAudioBitRate < 0)
         return KELO_E_ARGUMENT;
 
-    bool aac = false;
-    if (std::strcmp(param->pszFormat, "wav") == 0) {
-        if (param->nAudioCodec != KELO_CODEC_PCM_S16LE)
-            return KELO_E_CODEC;
-    } else if (std::strcmp(param->pszFormat, "mp4") == 0) {
-        if (param->nAudioCodec != KELO_CODEC_AAC)
-            return KELO_E_CODEC;
-        aac = true;
-    } else {
+    // Each container takes one codec.
+    struct Output
+    {
+        const char* format;
+        int codec;
+        vexa::OutputKind kind;
+    };
+    static const Output kOutputs[] = {{"wav", KELO_CODEC_PCM_S16LE, vexa::OutputKind::Wav},
+                                      {"mp4", KELO_CODEC_AAC, vexa::OutputKind::Mp4Aac},
+                                      {"ogg", KELO_CODEC_VORBIS, vexa::OutputKind::OggVorbis},
+                                      {"mp3", KELO_CODEC_MP3, vexa::OutputKind::Mp3}};
+    const Output* output = nullptr;
+    for (const Output& o : kOutputs)
+        if (std::strcmp(param->pszFormat, o.format) == 0)
+            output = &o;
+    if (!output || param->nAudioCodec != output->codec)
         return KELO_E_CODEC;
-    }
 
     vexa::Registry& r = vexa::Registry::instance();
     std::lock_guard<std::mutex> lock(r.mutex);
@@ -74,7 +80,7 @@ extern "C" int KeloRun(int timeline, const int* media, int count, const tagKeloR
     order.timeline = timeline;
     order.media = media[0];
     order.item = std::move(item);
-    order.aac = aac;
+    order.output = output->kind;
     order.bitRate = param->nAudioBitRate;
     order.dest = dest;
     order.notify = param->pfnNotify;

@@ -95,6 +95,25 @@ extern "C" int KeloAddMedia2(int timeline, const tagKeloMediaSrc* src, int, int)
     return id;
 }
 
+extern "C" int KeloSetMediaTags(int timeline, int media, const char* title, const char* artist)
+{
+    Registry& r = Registry::instance();
+    std::lock_guard<std::mutex> lock(r.mutex);
+    vexa::Timeline* t = r.timeline(timeline);
+    if (!t)
+        return KELO_E_HANDLE;
+    auto found = t->items.find(media);
+    if (found == t->items.end())
+        return KELO_E_HANDLE;
+    // Items are shared with running jobs and never change: a tagged copy
+    // takes the old one's place.
+    auto tagged = std::make_shared<vexa::MediaItem>(*found->second);
+    tagged->title = title ? title : "";
+    tagged->artist = artist ? artist : "";
+    found->second = std::move(tagged);
+    return KELO_OK;
+}
+
 extern "C" int KeloRemoveMedia(int timeline, int media)
 {
     Registry& r = Registry::instance();

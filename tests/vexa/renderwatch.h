@@ -104,6 +104,8 @@ struct RenderRequest
     int bitRate = 128000;
     qint64 start = 0;
     qint64 end = 0;
+    QByteArray title; // tags, UTF-8; empty leaves them out
+    QByteArray artist;
 };
 
 // The strings must outlive the KeloRun call.
@@ -142,6 +144,12 @@ inline int startRender(int timeline, const RenderRequest& r, RenderWatch* watch,
         *media = id;
     if (id < 0)
         return id;
+    if (!r.title.isEmpty() || !r.artist.isEmpty()) {
+        const int tagged =
+            KeloSetMediaTags(timeline, id, r.title.constData(), r.artist.constData());
+        if (tagged < 0)
+            return tagged;
+    }
     const tagKeloRunParam p = runParam(r.format.constData(), dest, r.codec, r.bitRate, watch);
     return KeloRun(timeline, &id, 1, &p);
 }

@@ -373,6 +373,74 @@ private slots:
         QVERIFY(tw::firstFrameAbove(tw::decodedPcm(dest), 1000) >= 0);
     }
 
+    void shouldWriteEachEncodedKindWithItsTags_data()
+    {
+        QTest::addColumn<QByteArray>("format");
+        QTest::addColumn<int>("codec");
+        QTest::addColumn<QString>("extension");
+        QTest::addColumn<QString>("codecName");
+        QTest::addColumn<QString>("container");
+        QTest::addColumn<int>("frame"); // samples in one of the codec's frames
+        QTest::newRow("AAC in MPEG-4") << QByteArray("mp4") << int(KELO_CODEC_AAC) << "m4a"
+                                       << "aac"
+                                       << "mov,mp4,m4a,3gp,3g2,mj2" << 1024;
+        QTest::newRow("Vorbis in Ogg") << QByteArray("ogg") << int(KELO_CODEC_VORBIS) << "ogg"
+                                       << "vorbis"
+                                       << "ogg" << 2048;
+        QTest::newRow("MP3") << QByteArray("mp3") << int(KELO_CODEC_MP3) << "mp3"
+                             << "mp3"
+                             << "mp3" << 1152;
+    }
+
+    void shouldWriteEachEncodedKindWithItsTags()
+    {
+        QFETCH(QByteArray, format);
+        QFETCH(int, codec);
+        QFETCH(QString, extension);
+        QFETCH(QString, codecName);
+        QFETCH(QString, container);
+        QFETCH(int, frame);
+        const QString dest = out("tagged." + extension);
+        tw::RenderWatch watch;
+        tw::RenderRequest request{m_long, dest, format, codec, 128000, 20000, 30000};
+        request.title = QString::fromUtf8("Glöckchen ♪").toUtf8();
+        request.artist = "Tonewright Tests";
+        QVERIFY(render(request, &watch));
+        const auto stream = tw::probeAudio(dest, "stream=codec_name,sample_rate,channels");
+        QCOMPARE(stream.value("codec_name"), codecName);
+        QCOMPARE(stream.value("sample_rate"), QString("44100"));
+        QCOMPARE(stream.value("channels"), QString("2"));
+        QCOMPARE(tw::probeAudio(dest, "format=format_name").value("format_name"), container);
+        // The decoded sound is the span, to within one of the codec's frames.
+        const QByteArray pcm = tw::decodedPcm(dest);
+        const double ms = pcm.size() / 4 * 1000.0 / kRate;
+        QVERIFY2(std::abs(ms - 10000.0) <= frame * 1000.0 / kRate, qPrintable(QString::number(ms)));
+        QVERIFY(tw::firstFrameAbove(pcm, 1000) >= 0);
+        // The tags, wherever the container keeps them.
+        const QString tags =
+            tw::ffprobe({"-show_entries", "format_tags=title,artist:stream_tags=title,artist",
+                         "-of", "default=nw=1", dest});
+        QVERIFY2(tags.contains(QString::fromUtf8("title=Glöckchen ♪")), qPrintable(tags));
+        QVERIFY2(tags.contains("artist=Tonewright Tests"), qPrintable(tags));
+    }
+
+    void shouldRefuseACodecTheContainerDoesNotTake()
+    {
+        tw::RenderWatch watch;
+        QCOMPARE(
+            tw::startRender(m_timeline, {m_flac, out("wrong.ogg"), "ogg", KELO_CODEC_MP3}, &watch),
+            int(KELO_E_CODEC));
+        QCOMPARE(
+            tw::startRender(m_timeline, {m_flac, out("wrong.mp3"), "mp3", KELO_CODEC_AAC}, &watch),
+            int(KELO_E_CODEC));
+        QCOMPARE(
+            tw::startRender(m_timeline, {m_flac, out("wrong.xyz"), "xyz", KELO_CODEC_AAC}, &watch),
+            int(KELO_E_CODEC));
+        QVERIFY(!QFile::exists(out("wrong.ogg")));
+        QCOMPARE(KeloSetMediaTags(m_timeline, 99999, "t", "a"), int(KELO_E_HANDLE));
+        QCOMPARE(KeloSetMediaTags(-5, 0, "t", "a"), int(KELO_E_HANDLE));
+    }
+
     void shouldStartRingtoneOnTime()
     {
         // The burst is at 12.000 s; a span from 10.000 s must have it at 2.000 s.

@@ -31,7 +31,9 @@ enum
 enum
 {
     KELO_CODEC_PCM_S16LE = 65536,
-    KELO_CODEC_AAC = 86018
+    KELO_CODEC_MP3 = 86017,
+    KELO_CODEC_AAC = 86018,
+    KELO_CODEC_VORBIS = 86021
 };
 
 // The progress of a job that has ended (progress runs 0..10000).
@@ -115,7 +117,7 @@ typedef struct tagKeloRunParam
     int32_t nReserved68;
     int32_t nReserved72;
     int32_t nReserved76;
-    const char* pszFormat; // container: "wav" or "mp4"
+    const char* pszFormat; // container: "wav" (PCM), "mp4" (AAC), "ogg" (Vorbis), "mp3" (MP3)
     const char* pszDest;   // destination path, local 8-bit encoding
 } tagKeloRunParam;
 
@@ -131,6 +133,9 @@ int DestroyTimeline(int timeline);
 // Returns the item's identifier (>= 0) or a negative code.
 int KeloAddMedia2(int timeline, const tagKeloMediaSrc* src, int reserved1, int reserved2);
 int KeloRemoveMedia(int timeline, int media);
+// The title and artist that renders of the item write into their files'
+// tags (UTF-8; null or empty leaves a tag out). 0, or a negative code.
+int KeloSetMediaTags(int timeline, int media, const char* title, const char* artist);
 
 // Points *ppInfo at the engine's array of tagKeloStreamInfo records (valid
 // until the item is removed) and returns their number; negative on failure.

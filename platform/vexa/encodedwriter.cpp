@@ -1,6 +1,6 @@
-// The AAC ringtone output of a render.
+// The encoded outputs of a render: AAC, Vorbis and MP3.
 
-#include "aacwriter.h"
+#include "encodedwriter.h"
 
 #include "pcmsource.h"
 #include "vexa.h"
@@ -13,10 +13,6 @@ extern "C" {
 
 namespace vexa {
 
-namespace {
-constexpr int kDefaultBitRate = 128000;
-} // namespace
-
 void OutputCloser::operator()(AVFormatContext* c) const
 {
     if (c->pb)
@@ -24,16 +20,48 @@ void OutputCloser::operator()(AVFormatContext* c) const
     avformat_free_context(c);
 }
 
-int AacWriter::open(const std::string& path, int bitRate)
+namespace {
+
+constexpr int kDefaultBitRate = 128000;
+
+// The muxer and the encoder of each kind.
+struct Encoding
 {
-    const AVOutputFormat* format = av_guess_format("ipod", nullptr, nullptr);
-    const AVCodec* codec = avcodec_find_encoder_by_name("aac");
+    OutputKind kind;
+    const char* muxer;
+    const char* encoder;
+};
+constexpr Encoding kEncodings[] = {{OutputKind::Mp4Aac, "ipod", "aac"},
+                                   {OutputKind::OggVorbis, "ogg", "libvorbis"},
+                                   {OutputKind::Mp3, "mp3", "libmp3lame"}};
+
+void setTags(AVDictionary** dict, const Tags& tags)
+{
+    if (!tags.title.empty())
+        av_dict_set(dict, "title", tags.title.c_str(), 0);
+    if (!tags.artist.empty())
+        av_dict_set(dict, "artist", tags.artist.c_str(), 0);
+}
+
+} // namespace
+
+int EncodedWriter::open(const std::string& path, OutputKind kind, int bitRate, const Tags& tags)
+{
+    const Encoding* encoding = nullptr;
+    for (const Encoding& e : kEncodings)
+        if (e.kind == kind)
+            encoding = &e;
+    if (!encoding)
+        return KELO_E_CODEC;
+    const AVOutputFormat* format = av_guess_format(encoding->muxer, nullptr, nullptr);
+    const AVCodec* codec = avcodec_find_encoder_by_name(encoding->encoder);
     if (!format || !codec)
         return KELO_E_CODEC;
     AVFormatContext* raw = nullptr;
     if (avformat_alloc_output_context2(&raw, format, nullptr, nullptr) < 0 || !raw)
         return KELO_E_NOMEM;
     m_out.reset(raw);
+    setTags(&m_out->metadata, tags);
 
     m_enc.reset(avcodec_alloc_context3(codec));
     if (!m_enc)
@@ -43,7 +71,8 @@ int AacWriter::open(const std::string& path, int bitRate)
     const AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
     av_channel_layout_copy(&m_enc->ch_layout, &stereo);
     m_enc->bit_rate = bitRate > 0 ? bitRate : kDefaultBitRate;
-    m_enc->profile = FF_PROFILE_AAC_LOW;
+    if (kind == OutputKind::Mp4Aac)
+        m_enc->profile = FF_PROFILE_AAC_LOW;
     m_enc->time_base = AVRational{1, kOutRate};
     if (format->flags & AVFMT_GLOBALHEADER)
         m_enc->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
@@ -56,6 +85,10 @@ int AacWriter::open(const std::string& path, int bitRate)
     if (avcodec_parameters_from_context(m_stream->codecpar, m_enc.get()) < 0)
         return KELO_E_CODEC;
     m_stream->time_base = m_enc->time_base;
+    // Ogg keeps its Vorbis comments with the stream.
+    if (kind == OutputKind::OggVorbis)
+        setTags(&m_stream->metadata, tags);
+    m_padLastFrame = !(codec->capabilities & AV_CODEC_CAP_SMALL_LAST_FRAME);
 
     // "file:" keeps a colon in the name from being read as a protocol.
     const std::string url = "file:" + path;
@@ -78,7 +111,7 @@ int AacWriter::open(const std::string& path, int bitRate)
     return KELO_OK;
 }
 
-int AacWriter::write(const int16_t* samples, int frames)
+int EncodedWriter::write(const int16_t* samples, int frames)
 {
     if (!m_headerWritten)
         return KELO_E_IO;
@@ -111,7 +144,7 @@ int AacWriter::write(const int16_t* samples, int frames)
     return KELO_OK;
 }
 
-int AacWriter::encode(AVFrame* frame)
+int EncodedWriter::encode(AVFrame* frame)
 {
     if (avcodec_send_frame(m_enc.get(), frame) < 0)
         return KELO_E_CODEC;
@@ -130,13 +163,21 @@ int AacWriter::encode(AVFrame* frame)
     }
 }
 
-int AacWriter::finish()
+int EncodedWriter::finish()
 {
     if (!m_headerWritten)
         return KELO_E_IO;
     int rc = KELO_OK;
     if (m_fill > 0) {
-        // The encoder takes a short last frame; its packet says how long it is.
+        // Most encoders take a short last frame, and its packet says how
+        // long it is; the others get it filled up with silence.
+        if (m_padLastFrame) {
+            for (int ch = 0; ch < 2; ++ch) {
+                auto* plane = reinterpret_cast<float*>(m_frame->data[ch]);
+                std::fill(plane + m_fill, plane + m_enc->frame_size, 0.0f);
+            }
+            m_fill = m_enc->frame_size;
+        }
         m_frame->nb_samples = m_fill;
         m_frame->pts = m_pts;
         m_pts += m_fill;
