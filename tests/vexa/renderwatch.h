@@ -104,8 +104,8 @@ struct RenderRequest
     int bitRate = 128000;
     qint64 start = 0;
     qint64 end = 0;
-    QByteArray title; // tags, UTF-8; empty leaves them out
-    QByteArray artist;
+    QByteArray title = QByteArray(); // tags, UTF-8; empty leaves them out
+    QByteArray artist = QByteArray();
 };
 
 // The strings must outlive the KeloRun call.
