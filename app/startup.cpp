@@ -37,9 +37,15 @@ void removeTempFiles()
         return;
     }
     // The window writes each ringtone here before the library copies it.
-    const QString ringtones = "*" + QLatin1String(CRingtoneExport::format().extension);
-    const QStringList names =
-        dir.entryList(QStringList() << "*.tmp" << ringtones, QDir::Files, QDir::Unsorted);
+    QStringList patterns{"*.tmp"};
+    int kinds = 0;
+    const RingtoneFormat* formats = CRingtoneExport::formats(&kinds);
+    for (int i = 0; i < kinds; ++i) {
+        const QString pattern = "*" + QLatin1String(formats[i].extension);
+        if (!patterns.contains(pattern))
+            patterns << pattern;
+    }
+    const QStringList names = dir.entryList(patterns, QDir::Files, QDir::Unsorted);
     for (const QString& name : names) {
         const QString file = path + "/" + name;
         if (QFile::exists(file)) {

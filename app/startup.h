@@ -9,8 +9,9 @@ class CMainWnd;
 class CMPConfig;
 class QSettings;
 
-// Deletes the *.tmp and *.m4r files that earlier runs left in the top level
-// of the cache directory; creates the directory when it is missing.
+// Deletes the *.tmp files and the ringtones (*.m4r, *.ogg, *.mp3, *.m4a)
+// that earlier runs left in the top level of the cache directory; creates
+// the directory when it is missing.
 void removeTempFiles();
 
 // Reads "crashFlag" (default false); when it is set, calls bugReport(false).

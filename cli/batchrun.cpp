@@ -23,9 +23,10 @@ CBatchRun::CBatchRun(const CliOptions& options, QObject* parent)
 
 CBatchRun::~CBatchRun() = default;
 
-QString CBatchRun::outputFor(const QString& directory, const QString& input)
+QString CBatchRun::outputFor(const QString& directory, const QString& input, RingtoneKind kind)
 {
-    return QDir(directory).filePath(CRingtoneExport::fileName(QFileInfo(input).completeBaseName()));
+    return QDir(directory).filePath(
+        CRingtoneExport::fileName(QFileInfo(input).completeBaseName(), kind));
 }
 
 int CBatchRun::run()
@@ -41,7 +42,7 @@ int CBatchRun::run()
     for (const QString& input : m_options.inputs) {
         Item item;
         item.input = input;
-        item.output = outputFor(m_options.directory, input);
+        item.output = outputFor(m_options.directory, input, m_options.kind);
         if (taken.contains(item.output)) {
             item.exitCode = kExitOutputExists;
             item.message =

@@ -30,7 +30,8 @@ public:
     int run();
 
     // The ringtone an input becomes in `directory`.
-    static QString outputFor(const QString& directory, const QString& input);
+    static QString outputFor(const QString& directory, const QString& input,
+                             RingtoneKind kind = RingtoneKind::IphoneRingtone);
 
 signals:
     // The last child run has ended.

@@ -16,8 +16,8 @@ constexpr int kMaxVolume = 256;
 const char kHelp[] =
     "Usage: tonewright-cli INPUT -o OUTPUT.m4r [options]\n"
     "       tonewright-cli INPUT... -d DIR [options]\n"
-    "Makes an AAC ringtone (.m4r) from a span of a song or a video, the same way\n"
-    "the Tonewright editor exports it.\n"
+    "Makes a ringtone (an iPhone .m4r unless told otherwise) from a span of a song\n"
+    "or a video, the same way the Tonewright editor exports it.\n"
     "\n"
     "Output:\n"
     "  -o, --output FILE     The ringtone of the one INPUT.\n"
@@ -25,6 +25,10 @@ const char kHelp[] =
     "                        several inputs are converted at once.\n"
     "  -j, --jobs N          With -d: at most N conversions at once (default: one\n"
     "                        per core).\n"
+    "  --format KIND         iphone (AAC .m4r, the default), alert (an iPhone alert\n"
+    "                        tone, .m4r), ogg (Android, Ogg Vorbis), mp3 (Android,\n"
+    "                        MP3) or m4a (plain AAC). Without it, the -o file's\n"
+    "                        extension (.m4r, .ogg, .mp3, .m4a) tells.\n"
     "  --force               Replace an existing ringtone.\n"
     "  --add-to-library      Also add the ringtone to the media library.\n"
     "\n"
@@ -32,7 +36,8 @@ const char kHelp[] =
     "  --start TIME          Where the ringtone begins (default 0).\n"
     "  --end TIME            Where it ends, or\n"
     "  --length TIME         how long it is (default 30 s, or up to the input's end).\n"
-    "  --allow-long          Allow 40 seconds and more (phones refuse such ringtones).\n"
+    "  --allow-long          Allow more than 40 seconds (30 for alert tones), which\n"
+    "                        phones refuse.\n"
     "\n"
     "Effects:\n"
     "  --fade-in SECONDS     Fade in over whole seconds (default 0, none).\n"
@@ -57,7 +62,7 @@ const char kHelp[] =
     "  4   the input has no audio stream\n"
     "  5   the start lies at or after the end (or after the input's end)\n"
     "  6   the span (or the input's sound) is shorter than 5 seconds\n"
-    "  7   the span is 40 seconds or longer (see --allow-long)\n"
+    "  7   the span is longer than 40 seconds, 30 for alert tones (see --allow-long)\n"
     "  8   the output exists (see --force)\n"
     "  9   the output's folder cannot be made or cannot be written\n"
     "  10  the ringtone was made but the library did not take it\n"
@@ -108,6 +113,7 @@ CliCommand parseCliArguments(const QStringList& arguments)
     const QCommandLineOption output({"o", "output"}, "", "FILE");
     const QCommandLineOption directory({"d", "directory"}, "", "DIR");
     const QCommandLineOption jobs({"j", "jobs"}, "", "N");
+    const QCommandLineOption format("format", "", "KIND");
     const QCommandLineOption start("start", "", "TIME");
     const QCommandLineOption end("end", "", "TIME");
     const QCommandLineOption length("length", "", "TIME");
@@ -121,7 +127,7 @@ CliCommand parseCliArguments(const QStringList& arguments)
     const QCommandLineOption verbose("verbose");
     const QCommandLineOption help(QStringList{"h", "help"});
     const QCommandLineOption version(QStringList{"v", "version"});
-    parser.addOptions({output, directory, jobs, start, end, length, fadeIn, fadeOut, volume,
+    parser.addOptions({output, directory, jobs, format, start, end, length, fadeIn, fadeOut, volume,
                        allowLong, force, addToLibrary, quiet, verbose, help, version});
     // --help and --version are answered even beside a mistake.
     const bool parsed = parser.parse(arguments);
@@ -177,6 +183,14 @@ CliCommand parseCliArguments(const QStringList& arguments)
                       QString("bad --jobs value '%1' (a number from 1)").arg(parser.value(jobs)));
     if (parser.isSet(jobs) && !parser.isSet(directory))
         return refuse(kExitUsage, "--jobs goes with -d");
+    if (parser.isSet(format)) {
+        if (!CRingtoneExport::kindOfKey(parser.value(format), &o.kind))
+            return refuse(kExitUsage, QString("bad --format value '%1' (iphone, alert, ogg, mp3 "
+                                              "or m4a)")
+                                          .arg(parser.value(format)));
+    } else if (!o.output.isEmpty()) {
+        CRingtoneExport::kindOfFile(o.output, &o.kind);
+    }
 
     const auto time = [&](const QCommandLineOption& option, long long* ms) {
         return !parser.isSet(option) || parseTimeArg(parser.value(option), ms);
@@ -221,11 +235,12 @@ CliCommand parseCliArguments(const QStringList& arguments)
                                              "%2 s")
                                          .arg(span / 1000.0)
                                          .arg(kMinSelection / 1000));
-    if (CRingtoneExport::isTooLong(span) && !o.allowLong)
-        return refuse(kExitTooLong, QString("the ringtone would be %1 s long; phones refuse %2 s "
-                                            "and more (--allow-long makes it all the same)")
-                                        .arg(span / 1000.0)
-                                        .arg(kRingtoneLimitMs / 1000));
+    if (CRingtoneExport::isTooLong(span, o.kind) && !o.allowLong)
+        return refuse(kExitTooLong,
+                      QString("the ringtone would be %1 s long; phones refuse more than %2 s "
+                              "(--allow-long makes it all the same)")
+                          .arg(span / 1000.0)
+                          .arg(CRingtoneExport::format(o.kind).lengthLimitMs / 1000));
     // The editor writes the volume into its temporary WAV over the faded
     // span only (from the fade-in's start to the fade-out's end); without
     // both fades it would change part of the ringtone or none of it.
@@ -242,6 +257,7 @@ QStringList childArguments(const CliOptions& options, const QString& input, cons
 {
     QStringList args;
     args << "-o" << output << "--quiet";
+    args << "--format" << QString::fromLatin1(CRingtoneExport::format(options.kind).key);
     args << "--start" << QString::number(options.startMs / 1000.0, 'f', 3);
     if (options.endMs >= 0)
         args << "--end" << QString::number(options.endMs / 1000.0, 'f', 3);

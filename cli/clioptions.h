@@ -4,6 +4,8 @@
 // value and the spans that follow from the options alone; what depends on
 // an input's length is checked when it is decoded.
 
+#include "editor/ringtoneexport.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -27,6 +29,8 @@ struct CliOptions
     bool quiet = false;   // no progress output
     bool verbose = false; // the engine's and editor's debug lines on standard error
     int jobs = 0;         // -d: inputs converted at once; 0 = one per core
+    // --format, or the kind the -o file's extension names; iPhone otherwise.
+    RingtoneKind kind = RingtoneKind::IphoneRingtone;
 
     // The end asked for: --end, or the start plus --length or the default.
     long long requestedEndMs() const;

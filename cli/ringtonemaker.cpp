@@ -156,6 +156,9 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     CWaveIo io(playback, &wait);
     CRingtoneExport ringtone(model, playback, io);
     ringtone.setExportOnly(true);
+    ringtone.setKind(m_options.kind);
+    // The ringtone's own name is its title.
+    ringtone.setTags(QFileInfo(output).completeBaseName(), QString());
     CRingToneNode song;
     song.strPath = input;
     io.setNode(song);
@@ -195,7 +198,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     // then one step on one file system, and a failure leaves only this.
     const QFileInfo out(output);
     QTemporaryFile staging(out.absolutePath() + "/.tonewright-XXXXXX" +
-                           QLatin1String(CRingtoneExport::format().extension));
+                           QLatin1String(CRingtoneExport::format(m_options.kind).extension));
     if (!staging.open()) {
         playback.release();
         m_message = QString("%1: the folder %2 cannot be written (%3)")

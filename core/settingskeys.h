@@ -10,6 +10,9 @@ inline constexpr char kCrashFlag[] = "crashFlag";
 // until one is chosen, when the system's language is taken.
 inline constexpr char kLanguage[] = "Language";
 
+// The key of the kind of ringtone "Start to Create" writes ("iphone", "ogg"...).
+inline constexpr char kRingtoneKind[] = "Ringtone/Kind";
+
 inline constexpr char kProxyUse[] = "Proxy/useProxy";
 inline constexpr char kProxyHost[] = "Proxy/Host";
 inline constexpr char kProxyPort[] = "Proxy/Port";

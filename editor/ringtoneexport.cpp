@@ -15,8 +15,19 @@
 
 namespace {
 
-// Every ringtone: AAC-LC in an MPEG-4 file, as phones take it.
-constexpr RingtoneFormat kIphoneRingtone{"mp4", KELO_CODEC_AAC, 128000, ".m4r"};
+// Every kind; AAC-LC in an MPEG-4 file is what iPhones take as a ringtone.
+constexpr RingtoneFormat kFormats[] = {
+    {RingtoneKind::IphoneRingtone, "iphone",
+     QT_TRANSLATE_NOOP("CRingtoneExport", "iPhone ringtone"), "mp4", KELO_CODEC_AAC, 128000, ".m4r",
+     kRingtoneLimitMs},
+    {RingtoneKind::IphoneAlert, "alert", QT_TRANSLATE_NOOP("CRingtoneExport", "iPhone alert tone"),
+     "mp4", KELO_CODEC_AAC, 128000, ".m4r", kAlertLimitMs},
+    {RingtoneKind::AndroidOgg, "ogg", QT_TRANSLATE_NOOP("CRingtoneExport", "Android (Ogg)"), "ogg",
+     KELO_CODEC_VORBIS, 128000, ".ogg", kRingtoneLimitMs},
+    {RingtoneKind::AndroidMp3, "mp3", QT_TRANSLATE_NOOP("CRingtoneExport", "Android (MP3)"), "mp3",
+     KELO_CODEC_MP3, 128000, ".mp3", kRingtoneLimitMs},
+    {RingtoneKind::PlainAac, "m4a", QT_TRANSLATE_NOOP("CRingtoneExport", "AAC audio (.m4a)"), "mp4",
+     KELO_CODEC_AAC, 128000, ".m4a", kRingtoneLimitMs}};
 
 } // namespace
 
@@ -25,33 +36,71 @@ CRingtoneExport::CRingtoneExport(CWaveModel& model, CWavePlayback& playback, CWa
 {
 }
 
-const RingtoneFormat& CRingtoneExport::format()
+const RingtoneFormat* CRingtoneExport::formats(int* count)
 {
-    return kIphoneRingtone;
+    *count = int(sizeof kFormats / sizeof kFormats[0]);
+    return kFormats;
 }
 
-QString CRingtoneExport::fileName(const QString& name)
+const RingtoneFormat& CRingtoneExport::format(RingtoneKind kind)
 {
-    return safeRingtoneName(name) + QLatin1String(format().extension);
+    for (const RingtoneFormat& f : kFormats)
+        if (f.kind == kind)
+            return f;
+    return kFormats[0];
 }
 
-bool CRingtoneExport::isTooLong(long long lengthMs)
+bool CRingtoneExport::kindOfKey(const QString& key, RingtoneKind* kind)
 {
-    return lengthMs >= kRingtoneLimitMs;
+    for (const RingtoneFormat& f : kFormats) {
+        if (key.compare(QLatin1String(f.key), Qt::CaseInsensitive) == 0) {
+            *kind = f.kind;
+            return true;
+        }
+    }
+    return false;
 }
 
-QString CRingtoneExport::replacedInLibrary(const QString& name)
+bool CRingtoneExport::kindOfFile(const QString& path, RingtoneKind* kind)
+{
+    for (const RingtoneFormat& f : kFormats) {
+        if (path.endsWith(QLatin1String(f.extension), Qt::CaseInsensitive)) {
+            *kind = f.kind;
+            return true;
+        }
+    }
+    return false;
+}
+
+QString CRingtoneExport::fileName(const QString& name, RingtoneKind kind)
+{
+    return safeRingtoneName(name) + QLatin1String(format(kind).extension);
+}
+
+bool CRingtoneExport::isTooLong(long long lengthMs, RingtoneKind kind)
+{
+    // Longer than the limit: a span of exactly the limit is fine.
+    return lengthMs > format(kind).lengthLimitMs;
+}
+
+QString CRingtoneExport::replacedInLibrary(const QString& name, RingtoneKind kind)
 {
     const QString inLibrary = CItunesWraper::instance()->ringtoneDir();
     if (inLibrary.isEmpty())
         return QString();
-    const QString path = inLibrary + "/" + fileName(name);
+    const QString path = inLibrary + "/" + fileName(name, kind);
     return QFile::exists(path) ? path : QString();
 }
 
 int CRingtoneExport::addToLibrary(const QString& path)
 {
     return CItunesWraper::instance()->AddToItunes(path);
+}
+
+void CRingtoneExport::setTags(const QString& title, const QString& artist)
+{
+    m_title = title;
+    m_artist = artist;
 }
 
 int CRingtoneExport::exportTo(const QString& path)
@@ -69,12 +118,14 @@ int CRingtoneExport::exportTo(const QString& path)
         m_playback.closeForExport();
     }
 
-    const RingtoneFormat& kind = format();
+    const RingtoneFormat& kind = format(m_kind);
     const QByteArray src = m_io.getWavePath().toLocal8Bit();
     const QByteArray dest = path.toLocal8Bit();
+    m_handedOver = false;
     int rc = CConvertWraper::instance()->convertTo(
         src.constData(), dest.constData(), kind.container, kind.codec, kind.bitRate,
-        &m_io.progressWait(), m_model.beginTime(), m_model.endTime());
+        &m_io.progressWait(), m_model.beginTime(), m_model.endTime(),
+        ConvertTags{m_title.toUtf8(), m_artist.toUtf8()});
     if (rc < 0)
         return rc;
     rc = m_io.waitPhase(0.5f, 0.0f, true);
@@ -82,6 +133,6 @@ int CRingtoneExport::exportTo(const QString& path)
         return rc;
     if (m_exportOnly)
         return 0;
-    addToLibrary(path);
+    m_handedOver = addToLibrary(path) == 0;
     return m_io.reload();
 }

@@ -1,11 +1,12 @@
 #pragma once
 // CRingtoneExport: the one way a ringtone is made, for the window and the
-// command line alike. It knows the kind of file written (container, codec,
-// bit rate, extension), turns a name into the file name, holds the length
-// rule and the replace rule, renders the selection with its fades and volume
-// from the editor's temporary WAV, and hands the result to the library.
-// Asking the user anything is the caller's business. Borrows the editor's
-// parts; GUI thread (the wait keeps the event loop turning).
+// command line alike. It knows every kind of file a ringtone is written as
+// (container, codec, bit rate, extension, the phones' length limit), turns a
+// name into the file name, holds the length rule and the replace rule,
+// renders the selection with its fades and volume from the editor's
+// temporary WAV with the title and artist tags, and hands the result to the
+// library. Asking the user anything is the caller's business. Borrows the
+// editor's parts; GUI thread (the wait keeps the event loop turning).
 
 #include <QString>
 
@@ -13,13 +14,27 @@ class CWaveIo;
 class CWaveModel;
 class CWavePlayback;
 
-// What a ringtone is written as.
+// The kinds of ringtone, in the order the window offers them.
+enum class RingtoneKind
+{
+    IphoneRingtone, // AAC in MPEG-4 ".m4r", the default
+    IphoneAlert,    // the same file, for the shorter alert tones
+    AndroidOgg,     // Ogg Vorbis, what Android's own ringtones are
+    AndroidMp3,     // MP3, Android's second choice
+    PlainAac        // AAC in MPEG-4 ".m4a", for any other player
+};
+
+// What a ringtone of one kind is written as.
 struct RingtoneFormat
 {
-    const char* container; // the media engine's container name
-    int codec;             // libavcodec's codec id
-    int bitRate;           // bits per second
-    const char* extension; // with its dot
+    RingtoneKind kind;
+    const char* key;         // its name in the settings and on the command line
+    const char* label;       // its name in the window (translated there)
+    const char* container;   // the media engine's container name
+    int codec;               // libavcodec's codec id
+    int bitRate;             // bits per second
+    const char* extension;   // with its dot
+    long long lengthLimitMs; // a span longer than this gets the warning
 };
 
 class CRingtoneExport
@@ -30,24 +45,39 @@ public:
     CRingtoneExport(const CRingtoneExport&) = delete;
     CRingtoneExport& operator=(const CRingtoneExport&) = delete;
 
-    // The kind of file every ringtone is written as: AAC in an MPEG-4 ".m4r".
-    static const RingtoneFormat& format();
+    // Every kind, in RingtoneKind's order.
+    static const RingtoneFormat* formats(int* count);
+    static const RingtoneFormat& format(RingtoneKind kind = RingtoneKind::IphoneRingtone);
+    // The kind of a key ("iphone", "ogg"...) or of a file's extension; false
+    // when none has it. An extension names the first kind that has it.
+    static bool kindOfKey(const QString& key, RingtoneKind* kind);
+    static bool kindOfFile(const QString& path, RingtoneKind* kind);
     // The file name (with extension) a ringtone of this name is written under.
-    static QString fileName(const QString& name);
-    // The length rule: a span this long (ms) is one phones refuse.
-    static bool isTooLong(long long lengthMs);
+    static QString fileName(const QString& name, RingtoneKind kind = RingtoneKind::IphoneRingtone);
+    // The length rule: a span this long (ms) is longer than the kind's limit.
+    static bool isTooLong(long long lengthMs, RingtoneKind kind = RingtoneKind::IphoneRingtone);
     // The replace rule: the path of the library's ringtone that a ringtone of
-    // this name would replace, or an empty string when there is none.
-    static QString replacedInLibrary(const QString& name);
+    // this name and kind would replace, or an empty string when there is none.
+    static QString replacedInLibrary(const QString& name,
+                                     RingtoneKind kind = RingtoneKind::IphoneRingtone);
     // The hand-over: copies a written ringtone into the library. 0 when the
     // library took it, negative when not.
     static int addToLibrary(const QString& path);
+
+    void setKind(RingtoneKind kind) { m_kind = kind; }
+    RingtoneKind kind() const { return m_kind; }
+    // The tags the next export writes (the user's name for the ringtone, the
+    // song's artist); empty ones are left out.
+    void setTags(const QString& title, const QString& artist);
 
     // Renders the selection with its effects into `path`, then hands it to
     // the library and rebuilds the editor's temporary WAV (the render wrote
     // the effects into it). -1 for an empty path, otherwise the last step's
     // result: the rebuilt WAV's WaveHelperInit result, or a negative code.
+    // A failed hand-over does not fail the export: handedOver() tells.
     int exportTo(const QString& path);
+    // Whether the last export's ringtone went into the library.
+    bool handedOver() const { return m_handedOver; }
     // An export that only writes the ringtone (answering 0 when it is
     // written): no hand-over and no rebuilt temporary WAV. The command line
     // makes one ringtone a run and adds it itself when asked.
@@ -57,5 +87,9 @@ private:
     CWaveModel& m_model;
     CWavePlayback& m_playback;
     CWaveIo& m_io;
+    RingtoneKind m_kind = RingtoneKind::IphoneRingtone;
+    QString m_title;
+    QString m_artist;
     bool m_exportOnly = false;
+    bool m_handedOver = false;
 };

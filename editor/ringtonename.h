@@ -7,9 +7,11 @@
 
 // The longest name kept, in characters.
 constexpr int kMaxRingtoneNameLength = 100;
-// Phones refuse ringtones of this length (ms) and longer. (The shortest
-// span is the editor's shortest selection, kMinSelection.)
+// Phones refuse ringtones longer than this (ms), and alert tones longer than
+// the second. (The shortest span is the editor's shortest selection,
+// kMinSelection.)
 constexpr long long kRingtoneLimitMs = 40000;
+constexpr long long kAlertLimitMs = 30000;
 
 // The name as a file name: directory separators become "-", control
 // characters go, and so do leading dots and blanks at either end; at most

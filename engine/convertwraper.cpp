@@ -78,7 +78,8 @@ int CConvertWraper::convertTo(const char* src, const char* dest, const char* for
 }
 
 int CConvertWraper::convertTo(const char* src, const char* dest, const char* format, int codec,
-                              int bitRate, IProgress* progress, long long start, long long end)
+                              int bitRate, IProgress* progress, long long start, long long end,
+                              const ConvertTags& tags)
 {
     tagKeloMediaSrc source;
     std::memset(&source, 0, sizeof source);
@@ -94,6 +95,9 @@ int CConvertWraper::convertTo(const char* src, const char* dest, const char* for
     // Kept even when negative, so that the next call removes nothing.
     m_media = KeloAddMedia2(m_timeline, &source, 0, 0);
     if (m_media < 0)
+        return -1;
+    if ((!tags.title.isEmpty() || !tags.artist.isEmpty()) &&
+        KeloSetMediaTags(m_timeline, m_media, tags.title.constData(), tags.artist.constData()) < 0)
         return -1;
 
     tagKeloRunParam param;

@@ -9,7 +9,17 @@
 
 #include "engine/iprogress.h"
 
+#include <QByteArray>
+
 #include <vexa.h>
+
+// The title and artist a conversion writes into its file's tags (UTF-8;
+// empty ones are left out).
+struct ConvertTags
+{
+    QByteArray title;
+    QByteArray artist;
+};
 
 class CConvertWraper
 {
@@ -19,7 +29,8 @@ public:
     // 1 when the engine took the job, -1 when it refused the source, -2 when
     // it refused to run. The container name is const so literals can be given.
     int convertTo(const char* src, const char* dest, const char* format, int codec, int bitRate,
-                  IProgress* progress, long long start, long long end);
+                  IProgress* progress, long long start, long long end,
+                  const ConvertTags& tags = ConvertTags());
     // The whole file (span 0..0).
     int convertTo(const char* src, const char* dest, const char* format, int codec, int bitRate,
                   IProgress* progress);

@@ -15,6 +15,7 @@
 #include "ui/aboutdlg.h"
 #include "ui/hellownd.h"
 #include "ui/optiondlg.h"
+#include "ui/ringtonenotice.h"
 #include "update/newestdlg.h"
 #include "update/update.h"
 #include "update/upgradedlg.h"
@@ -176,6 +177,8 @@ QWidget* CMainWnd::createMainWdiget()
     column->addWidget(creatrPlayWidget(m_mainFrame));
     column->addSpacing(20);
     column->addWidget(CreateSetingWidget(m_mainFrame));
+    m_notice = new CRingtoneNotice(m_mainFrame);
+    column->addWidget(m_notice);
 
     connect(m_waveWnd, &CWaveWnd::openWave, this, qOverload<QString>(&CMainWnd::importWave));
     connect(m_waveWnd, &CWaveWnd::selectChange, this, &CMainWnd::selectchange);

@@ -28,7 +28,10 @@ class CNewestDlg;
 class COptionDlg;
 class CPreviewWnd;
 class CProgressDlg;
+class CRingtoneNotice;
+class QComboBox;
 enum class SourceProblem;
+enum class RingtoneKind;
 class CRingToneModel;
 class CRingToneSortProxyModel;
 class CTickerLabel;
@@ -113,6 +116,8 @@ public slots:
     void notityConvertFailed(int page);
     // Says why `song` could not be used; true when the user asks to try again.
     bool askTryAgain(const CRingToneNode& song, SourceProblem problem);
+    // The kind of ringtone chosen beside the create button.
+    RingtoneKind chosenKind() const;
     // Ticks the language whose texts are installed.
     void checkCurrentLanguage();
 
@@ -198,6 +203,8 @@ private:
     QLabel* m_endLabel = nullptr;
     QTimeEdit* m_endTime = nullptr;
     QPushButton* m_startBtn = nullptr;
+    QComboBox* m_kindCombo = nullptr;
+    CRingtoneNotice* m_notice = nullptr;
     QToolButton* m_twitterBtn = nullptr;
     QToolButton* m_facebookBtn = nullptr;
 

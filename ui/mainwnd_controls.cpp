@@ -4,6 +4,7 @@
 #include "ui/mainwnd.h"
 
 #include "core/branding.h"
+#include "core/settingskeys.h"
 #include "editor/ringtoneexport.h"
 #include "editor/ringtonename.h"
 #include "editor/wavemodel.h"
@@ -11,11 +12,15 @@
 #include "engine/platformfolders.h"
 #include "engine/previewwnd.h"
 #include "engine/timeconvert.h"
+#include "library/ItunesWrap.h"
 #include "ui/namedlg.h"
+#include "ui/ringtonenotice.h"
 #include "ui/tickerlabel.h"
 #include "ui/tryagaindlg.h"
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFormLayout>
@@ -25,6 +30,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
@@ -203,6 +209,22 @@ QWidget* CMainWnd::CreateSetingWidget(QWidget* parent)
     m_startBtn->setObjectName("startbtn");
     m_startBtn->setFocusPolicy(Qt::NoFocus);
     grid->addWidget(m_startBtn, 0, 3, 2, 1, Qt::AlignCenter);
+
+    // The kind of ringtone, under the create button; remembered.
+    m_kindCombo = new QComboBox(bar);
+    m_kindCombo->setObjectName("ringtoneKindCombo");
+    int kinds = 0;
+    const RingtoneFormat* formats = CRingtoneExport::formats(&kinds);
+    for (int i = 0; i < kinds; ++i)
+        m_kindCombo->addItem(QCoreApplication::translate("CRingtoneExport", formats[i].label),
+                             QString::fromLatin1(formats[i].key));
+    RingtoneKind saved = RingtoneKind::IphoneRingtone;
+    CRingtoneExport::kindOfKey(QSettings().value(settingskeys::kRingtoneKind).toString(), &saved);
+    m_kindCombo->setCurrentIndex(int(saved));
+    grid->addWidget(m_kindCombo, 2, 3, Qt::AlignCenter);
+    connect(m_kindCombo, &QComboBox::currentIndexChanged, this, [this] {
+        QSettings().setValue(settingskeys::kRingtoneKind, m_kindCombo->currentData().toString());
+    });
 
     auto* share = new QHBoxLayout;
     m_twitterBtn = new QToolButton(bar);
@@ -392,13 +414,15 @@ void CMainWnd::convert()
     const QString dir = programCacheDir() + "/";
     QDir().mkpath(dir);
 
-    const long long length = CTimeConvert::timeToLong(m_waveWnd->getEndTime()) -
-                             CTimeConvert::timeToLong(m_waveWnd->getBeginTime());
-    if (CRingtoneExport::isTooLong(length) &&
+    const RingtoneKind kind = chosenKind();
+    // The editor's own times, to the millisecond: 40.0 s is fine, 40.5 s is not.
+    const long long length = m_waveWnd->model().endTime() - m_waveWnd->model().beginTime();
+    if (CRingtoneExport::isTooLong(length, kind) &&
         QMessageBox::warning(this, QObject::tr("Tonewright"),
-                             tr("The selection is %1 seconds long. Phones refuse ringtones of 40 "
-                                "seconds or more.<br>Create it anyway?")
-                                 .arg(length / 1000),
+                             tr("The selection is %1 seconds long. Phones refuse this kind of "
+                                "ringtone when it is longer than %2 seconds.<br>Create it anyway?")
+                                 .arg(QString::number(length / 1000.0, 'f', 1))
+                                 .arg(CRingtoneExport::format(kind).lengthLimitMs / 1000),
                              QMessageBox::Yes | QMessageBox::No,
                              QMessageBox::No) != QMessageBox::Yes)
         return;
@@ -419,16 +443,34 @@ void CMainWnd::convert()
         path = ringtonePathFor(dir, name);
     }
 
+    CRingtoneExport& ringtone = m_waveWnd->ringtoneExport();
+    ringtone.setKind(kind);
+    QSettings().setValue(settingskeys::kRingtoneKind,
+                         QString::fromLatin1(CRingtoneExport::format(kind).key));
+    // The name as the user gave it is the title; the song's artist stays.
+    ringtone.setTags(name, m_current.strArtist);
     m_mainStack->setCurrentIndex(2);
-    if (m_waveWnd->convertToM4r(path) < 0)
+    if (m_waveWnd->convertToM4r(path) < 0) {
         notityConvertFailed(1);
-    else
-        m_mainStack->setCurrentIndex(1);
+        return;
+    }
+    m_mainStack->setCurrentIndex(1);
+    const QString inLibrary =
+        CItunesWraper::instance()->ringtoneDir() + "/" + CRingtoneExport::fileName(name, kind);
+    m_notice->showMade(ringtone.handedOver() ? inLibrary : path, ringtone.handedOver());
+}
+
+RingtoneKind CMainWnd::chosenKind() const
+{
+    RingtoneKind kind = RingtoneKind::IphoneRingtone;
+    CRingtoneExport::kindOfKey(m_kindCombo->currentData().toString(), &kind);
+    return kind;
 }
 
 QString CMainWnd::ringtonePathFor(const QString& dir, const QString& name)
 {
-    if (!CRingtoneExport::replacedInLibrary(name).isEmpty() &&
+    const RingtoneKind kind = chosenKind();
+    if (!CRingtoneExport::replacedInLibrary(name, kind).isEmpty() &&
         QMessageBox::question(this, QObject::tr("Tonewright"),
                               tr("A ringtone named \"%1\" is already in your library.<br>Replace "
                                  "it?")
@@ -436,7 +478,7 @@ QString CMainWnd::ringtonePathFor(const QString& dir, const QString& name)
                               QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::No) != QMessageBox::Yes)
         return QString();
-    return dir + CRingtoneExport::fileName(name);
+    return dir + CRingtoneExport::fileName(name, kind);
 }
 
 void CMainWnd::notityConvertFailed(int page)

@@ -7,6 +7,7 @@
 #include "core/language.h"
 #include "core/mpconfig.h"
 #include "crash/crashreportdlg.h"
+#include "editor/ringtoneexport.h"
 #include "library/filteredit.h"
 #include "library/librarymodel.h"
 #include "ui/aboutdlg.h"
@@ -18,6 +19,8 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
 #include <QDebug>
 #include <QDesktopServices>
 #include <QDir>
@@ -157,6 +160,13 @@ void CMainWnd::retranslate()
     m_frontAct->setText(tr("Bring All to Front"));
     m_languageMenu->setTitle(tr("Language"));
     checkCurrentLanguage();
+    if (m_kindCombo) {
+        int kinds = 0;
+        const RingtoneFormat* formats = CRingtoneExport::formats(&kinds);
+        for (int i = 0; i < kinds && i < m_kindCombo->count(); ++i)
+            m_kindCombo->setItemText(
+                i, QCoreApplication::translate("CRingtoneExport", formats[i].label));
+    }
     if (m_libraryModel)
         m_libraryModel->retranslate();
     m_helpMenu->setTitle(tr("Help"));

@@ -315,7 +315,8 @@ FileKind fileKind(std::string_view path)
 
 bool isRingtoneName(std::string_view path)
 {
-    return lowerExtension(path) == "m4r";
+    const std::string ext = lowerExtension(path);
+    return oneOf(ext, {"m4r", "m4a", "ogg", "mp3"});
 }
 
 bool mp4HasVideoTrack(const std::string& path)
@@ -341,6 +342,24 @@ bool isMp4File(const std::string& path)
 {
     TagLib::MP4::File file(path.c_str(), false);
     return file.isValid();
+}
+
+bool isRingtoneFile(const std::string& path)
+{
+    const std::string ext = lowerExtension(path);
+    if (ext == "m4r" || ext == "m4a")
+        return isMp4File(path);
+    std::unique_ptr<TagLib::File> file;
+    if (ext == "ogg")
+        file = std::make_unique<TagLib::Ogg::Vorbis::File>(path.c_str(), true,
+                                                           TagLib::AudioProperties::Fast);
+    else if (ext == "mp3")
+        file =
+            std::make_unique<TagLib::MPEG::File>(path.c_str(), true, TagLib::AudioProperties::Fast);
+    if (!file || !file->isValid())
+        return false;
+    const TagLib::AudioProperties* props = file->audioProperties();
+    return props && props->sampleRate() > 0;
 }
 
 MediaTags readMediaTags(const std::string& path)

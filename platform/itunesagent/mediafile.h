@@ -20,7 +20,7 @@ enum class FileKind
 
 // By extension, case-insensitively.
 FileKind fileKind(std::string_view path);
-bool isRingtoneName(std::string_view path); // ".m4r"
+bool isRingtoneName(std::string_view path); // ".m4r", ".m4a", ".ogg", ".mp3"
 
 struct MediaTags
 {
@@ -41,5 +41,8 @@ std::vector<std::string> readArtwork(const std::string& path);
 bool mp4HasVideoTrack(const std::string& path);
 // True when the file is a valid MPEG-4 file (a ringtone).
 bool isMp4File(const std::string& path);
+// A ringtone of its name's kind: an MPEG-4 file (.m4r, .m4a), Ogg Vorbis
+// (.ogg) or MP3 (.mp3) with sound in it.
+bool isRingtoneFile(const std::string& path);
 
 } // namespace ita

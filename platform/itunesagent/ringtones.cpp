@@ -142,11 +142,11 @@ int appendRingtone(Library& lib, const std::string& source)
     std::string name = src.filename().u8string();
     name.erase(0, name.find_first_not_of('.'));
     if (name.empty() || !isRingtoneName(name) || name.size() <= 4) {
-        logLine("append ringtone: not an .m4r file: %s", source.c_str());
+        logLine("append ringtone: not a .m4r, .m4a, .ogg or .mp3 file: %s", source.c_str());
         return ITA_E_FORMAT;
     }
-    if (!isMp4File(source)) {
-        logLine("append ringtone: not an MPEG-4 ringtone: %s", source.c_str());
+    if (!isRingtoneFile(source)) {
+        logLine("append ringtone: not a ringtone of its kind: %s", source.c_str());
         return ITA_E_FORMAT;
     }
     if (!QDir().mkpath(QString::fromUtf8(lib.ringtoneDir.c_str()))) {

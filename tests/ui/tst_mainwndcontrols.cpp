@@ -20,13 +20,16 @@
 #include "urlcatcher.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTimeEdit>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrlQuery>
 
@@ -90,10 +93,13 @@ private slots:
     void cleanup()
     {
         m_wnd.reset();
+        QFile::remove(ringtoneDir()); // a file left in the folder's place
         QDir(ringtoneDir()).removeRecursively();
         QDir cache(programCacheDir());
-        for (const QString& name : cache.entryList(QStringList() << "*.m4r", QDir::Files))
+        const QStringList made{"*.m4r", "*.ogg", "*.mp3", "*.m4a"};
+        for (const QString& name : cache.entryList(made, QDir::Files))
             cache.remove(name);
+        QSettings().remove("Ringtone/Kind");
     }
 
     void shouldWaitWithDefaultsBeforeAFileOpens()
@@ -398,25 +404,165 @@ private slots:
         QCOMPARE(mw::mainPage(*m_wnd), 1);
     }
 
-    void shouldWarnOfARingtoneOfFortySecondsOrMore()
+    void shouldMakeTheDefaultFortySecondsWithoutAWarning()
     {
         openSong(); // the first 40 s are selected
         tw::ModalAnswer answers;
+        answers.then(mw::typeName("First One"));
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
+        QVERIFY(QFile::exists(ringtoneDir() + "/First One.m4r"));
+    }
+
+    void shouldWarnOnlyOfASelectionLongerThanTheKindsLimit_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<qlonglong>("lengthMs");
+        QTest::addColumn<bool>("warns");
+        QTest::newRow("ringtone 30.0 s") << "iphone" << 30000LL << false;
+        QTest::newRow("ringtone 40.0 s") << "iphone" << 40000LL << false;
+        QTest::newRow("ringtone 40.5 s") << "iphone" << 40500LL << true;
+        QTest::newRow("alert 30.0 s") << "alert" << 30000LL << false;
+        QTest::newRow("alert 30.5 s") << "alert" << 30500LL << true;
+        QTest::newRow("ogg 40.0 s") << "ogg" << 40000LL << false;
+        QTest::newRow("ogg 40.5 s") << "ogg" << 40500LL << true;
+    }
+
+    void shouldWarnOnlyOfASelectionLongerThanTheKindsLimit()
+    {
+        QFETCH(QString, kind);
+        QFETCH(qlonglong, lengthMs);
+        QFETCH(bool, warns);
+        openSong();
+        auto* combo = get<QComboBox>("ringtoneKindCombo");
+        combo->setCurrentIndex(combo->findData(kind));
+        editor()->model().setSelection(10000, 10000 + lengthMs);
+        tw::ModalAnswer answers;
         QString warning;
         answers.then([&warning](QWidget* modal) {
-            warning = qobject_cast<QMessageBox*>(modal)->text();
-            tw::ModalAnswer::press(QMessageBox::No)(modal);
+            if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+                warning = box->text();
+                tw::ModalAnswer::press(QMessageBox::No)(modal);
+            } else {
+                tw::ModalAnswer::reject()(modal); // the name dialog: not this time
+            }
         });
         get<QPushButton>("startbtn")->click();
-        QCOMPARE(answers.seen, QStringList({"QMessageBox"}));
-        QVERIFY2(warning.contains("40 seconds"), qPrintable(warning));
-        QVERIFY(!QDir(ringtoneDir()).exists() || QDir(ringtoneDir()).isEmpty());
+        QCOMPARE(answers.seen, QStringList({warns ? "QMessageBox" : "CNameDlg"}));
+        if (warns) {
+            QVERIFY2(warning.contains(QString::number(lengthMs / 1000.0, 'f', 1) + " seconds"),
+                     qPrintable(warning));
+            QVERIFY2(warning.contains(kind == "alert" ? "30 seconds" : "40 seconds"),
+                     qPrintable(warning));
+        }
+        // The user may go on past the warning.
+        if (warns) {
+            answers.then(tw::ModalAnswer::press(QMessageBox::Yes));
+            answers.then(mw::typeName("Long One"));
+            get<QPushButton>("startbtn")->click();
+            const QString ext = kind == "ogg" ? ".ogg" : ".m4r";
+            QVERIFY(QFile::exists(ringtoneDir() + "/Long One" + ext));
+        }
+    }
 
-        // The user may go on.
-        answers.then(tw::ModalAnswer::press(QMessageBox::Yes));
-        answers.then(mw::typeName("Long One"));
+    void shouldMakeEachKindAndSayWhereItWent_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("extension");
+        QTest::addColumn<QString>("codec");
+        QTest::newRow("iPhone ringtone") << "iphone"
+                                         << ".m4r"
+                                         << "aac";
+        QTest::newRow("iPhone alert tone") << "alert"
+                                           << ".m4r"
+                                           << "aac";
+        QTest::newRow("Android Ogg") << "ogg"
+                                     << ".ogg"
+                                     << "vorbis";
+        QTest::newRow("Android MP3") << "mp3"
+                                     << ".mp3"
+                                     << "mp3";
+        QTest::newRow("plain AAC") << "m4a"
+                                   << ".m4a"
+                                   << "aac";
+    }
+
+    void shouldMakeEachKindAndSayWhereItWent()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, extension);
+        QFETCH(QString, codec);
+        openSong();
+        editor()->model().setSelection(10000, 30000);
+        auto* combo = get<QComboBox>("ringtoneKindCombo");
+        combo->setCurrentIndex(combo->findData(kind));
+        tw::ModalAnswer answers;
+        answers.then(mw::typeName("Bell/Tone"));
         get<QPushButton>("startbtn")->click();
-        QVERIFY(QFile::exists(ringtoneDir() + "/Long One.m4r"));
+        QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
+        const QString made = ringtoneDir() + "/Bell-Tone" + extension;
+        QVERIFY2(QFile::exists(made), qPrintable(made));
+        QCOMPARE(
+            tw::ffprobe({"-show_entries", "stream=codec_name", "-of", "csv=p=0", made}).trimmed(),
+            codec);
+        const double seconds =
+            tw::ffprobe({"-show_entries", "format=duration", "-of", "csv=p=0", made}).toDouble();
+        QVERIFY2(qAbs(seconds - 20.0) < 0.06, qPrintable(QString::number(seconds)));
+        const QString tags =
+            tw::ffprobe({"-show_entries", "format_tags=title,artist:stream_tags=title", "-of",
+                         "default=nw=1", made});
+        QVERIFY2(tags.contains("title=Bell/Tone"), qPrintable(tags)); // the name as typed
+        // The notice says what was made and where, without a modal box.
+        auto* notice = get<QWidget>("ringtoneNotice");
+        QVERIFY(notice->isVisible());
+        QCOMPARE(get<QLabel>("noticeLabel")->text(),
+                 QString("Bell-Tone%1 added to Ringtones").arg(extension));
+        // Remembered for the next window.
+        QCOMPARE(QSettings().value("Ringtone/Kind").toString(), kind);
+    }
+
+    void shouldOfferTheFolderAndPlayInTheNoticeAndHideIt()
+    {
+        openSong();
+        editor()->model().setSelection(0, 10000);
+        tw::ModalAnswer answers;
+        answers.then(mw::typeName("Chime"));
+        get<QPushButton>("startbtn")->click();
+        auto* notice = get<QWidget>("ringtoneNotice");
+        QVERIFY(notice->isVisible());
+        tw::UrlCatcher files("file");
+        get<QPushButton>("noticeFolderBtn")->click();
+        get<QPushButton>("noticePlayBtn")->click();
+        QCOMPARE(files.urls.size(), 2);
+        QCOMPARE(files.urls.at(0), QUrl::fromLocalFile(ringtoneDir()));
+        QCOMPARE(files.urls.at(1), QUrl::fromLocalFile(ringtoneDir() + "/Chime.m4r"));
+        // It goes away by itself.
+        auto* timer = notice->findChild<QTimer*>();
+        QVERIFY(timer && timer->isActive());
+        QCOMPARE(timer->interval(), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(!notice->isVisible(), 15000);
+    }
+
+    void shouldSayWhenTheLibraryDidNotTakeIt()
+    {
+        openSong();
+        editor()->model().setSelection(0, 10000);
+        // A file where the ringtone folder should be: the library cannot copy there.
+        QDir().mkpath(QFileInfo(ringtoneDir()).absolutePath());
+        QFile blocker(ringtoneDir());
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        tw::ModalAnswer answers;
+        answers.then(mw::typeName("Refused"));
+        get<QPushButton>("startbtn")->click();
+        QCOMPARE(mw::mainPage(*m_wnd), 1);
+        QCOMPARE(get<QLabel>("noticeLabel")->text(),
+                 QString("Refused.m4r was made, but the library did not take it"));
+        tw::UrlCatcher files("file");
+        get<QPushButton>("noticeFolderBtn")->click();
+        QCOMPARE(files.urls, QList<QUrl>({QUrl::fromLocalFile(programCacheDir())}));
+        QVERIFY(QFile::exists(programCacheDir() + "/Refused.m4r"));
+        QVERIFY(blocker.remove());
     }
 
     void shouldWriteNothingWhenTheNameIsCancelled()

@@ -50,7 +50,7 @@ enum
     ITA_E_HANDLE = -1,   // no such playlist or artwork handle (never opened, or closed)
     ITA_E_ARGUMENT = -2, // a null pointer, or a collection or position out of range
     ITA_E_NOTFOUND = -3, // AppendRingtone: the source is missing or not a regular file
-    ITA_E_FORMAT = -4,   // AppendRingtone: the source is not an .m4r (MPEG-4) ringtone
+    ITA_E_FORMAT = -4,   // AppendRingtone: not a .m4r/.m4a (MPEG-4), .ogg (Vorbis) or .mp3 ringtone
     ITA_E_IO = -5        // AppendRingtone: the ringtone place could not be created or written
 };
 
@@ -156,7 +156,7 @@ int CloseArtwork(const void* hArtwork);
 // compared without regard to case. A query without any non-empty field finds
 // nothing. Returns the number of hits reported, or ITA_E_ARGUMENT.
 int SearchSong(const tagSongInfo* pQuery, SearchSongProc pfnCallback, void* pUser);
-// Copies an .m4r file into the library's ringtone place (the XML library's
+// Copies a ringtone (.m4r, .m4a, .ogg or .mp3) into the library's ringtone place (the XML library's
 // "Automatically Add to iTunes" folder under its media folder when that
 // exists, else <Music>/Ringtones/) and shows it at once in the ringtones
 // playlist (kind 55). A ringtone of the same file name is replaced, not
