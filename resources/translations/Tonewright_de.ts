@@ -143,10 +143,6 @@
         <translation>Auswahl anhören</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>Die Auswahl ist %1 Sekunden lang. Telefone akzeptieren keine Klingeltöne mit 40 Sekunden oder mehr.&lt;br&gt;Trotzdem erstellen?</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>Ein Klingelton namens „%1“ ist bereits in Ihrer Mediathek vorhanden.&lt;br&gt;Ersetzen?</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>Die Produktinformationen wurden leider nicht gefunden.</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>Die Auswahl ist %1 Sekunden lang. Telefone lehnen diese Art von Klingelton ab, wenn er länger als %2 Sekunden ist.&lt;br&gt;Trotzdem erstellen?</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>Passwort</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>iPhone-Klingelton</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>iPhone-Hinweiston</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>AAC-Audio (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 zu Klingeltönen hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 wurde erstellt, aber die Mediathek hat ihn nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
     </message>
 </context>
 <context>

@@ -143,10 +143,6 @@
         <translation>Preview Selected</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>Sorry, the product information can&apos;t be found.</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>PassWord</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>iPhone ringtone</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>iPhone alert tone</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>AAC audio (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 added to Ringtones</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 was made, but the library did not take it</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Show in folder</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Play</translation>
     </message>
 </context>
 <context>

@@ -143,10 +143,6 @@
         <translation>Escuchar la selección</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>La selección dura %1 segundos. Los teléfonos no admiten tonos de 40 segundos o más.&lt;br&gt;¿Desea crearlo de todos modos?</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>Ya hay un tono con el nombre «%1» en su biblioteca.&lt;br&gt;¿Desea reemplazarlo?</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>Lo sentimos, no se ha encontrado la información del producto.</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>La selección dura %1 segundos. Los teléfonos rechazan este tipo de tono si dura más de %2 segundos.&lt;br&gt;¿Crearlo de todos modos?</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>Contraseña</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>Tono de iPhone</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>Tono de aviso de iPhone</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>Audio AAC (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 añadido a Tonos</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 se ha creado, pero la biblioteca no lo aceptó</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
     </message>
 </context>
 <context>

@@ -143,10 +143,6 @@
         <translation>Écouter la sélection</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>La sélection dure %1 secondes. Les téléphones refusent les sonneries de 40 secondes ou plus.&lt;br&gt;La créer quand même&#xa0;?</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>Une sonnerie nommée «&#xa0;%1&#xa0;» existe déjà dans votre bibliothèque.&lt;br&gt;La remplacer&#xa0;?</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>Désolé, les informations sur le produit sont introuvables.</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>La sélection dure %1 secondes. Les téléphones refusent ce type de sonnerie au-delà de %2 secondes.&lt;br&gt;La créer quand même ?</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>Mot de passe</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>Sonnerie iPhone</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>Son d&apos;alerte iPhone</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>Audio AAC (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 ajouté aux Sonneries</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 a été créé, mais la bibliothèque ne l&apos;a pas pris</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lire</translation>
     </message>
 </context>
 <context>

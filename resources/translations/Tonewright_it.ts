@@ -143,10 +143,6 @@
         <translation>Ascolta la selezione</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>La selezione dura %1 secondi. I telefoni non accettano suonerie di 40 secondi o più.&lt;br&gt;Crearla comunque?</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>Nella libreria è già presente una suoneria denominata «%1».&lt;br&gt;Sostituirla?</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>Spiacenti, impossibile trovare le informazioni sul prodotto.</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>La selezione dura %1 secondi. I telefoni rifiutano questo tipo di suoneria se supera i %2 secondi.&lt;br&gt;Crearla comunque?</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>Password</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>Suoneria iPhone</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>Suono di avviso iPhone</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>Audio AAC (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 aggiunto a Suonerie</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 è stato creato, ma la libreria non l&apos;ha accettato</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostra nella cartella</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Riproduci</translation>
     </message>
 </context>
 <context>

@@ -143,10 +143,6 @@
         <translation>選択範囲を試聴</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>選択範囲の長さは %1 秒です。40 秒以上の着信音は電話で使用できません。&lt;br&gt;このまま作成しますか？</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>「%1」という名前の着信音はすでにライブラリにあります。&lt;br&gt;置き換えますか？</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>申し訳ありません。製品情報が見つかりませんでした。</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>選択範囲は %1 秒です。この種類の着信音は %2 秒を超えると電話機で使えません。&lt;br&gt;それでも作成しますか？</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>パスワード</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>iPhone 着信音</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>iPhone 通知音</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>AAC オーディオ (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 を着信音に追加しました</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 を作成しましたが、ライブラリに追加できませんでした</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>フォルダに表示</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
     </message>
 </context>
 <context>

@@ -143,10 +143,6 @@
         <translation>Selectie beluisteren</translation>
     </message>
     <message>
-        <source>The selection is %1 seconds long. Phones refuse ringtones of 40 seconds or more.&lt;br&gt;Create it anyway?</source>
-        <translation>De selectie is %1 seconden lang. Telefoons weigeren beltonen van 40 seconden of langer.&lt;br&gt;Toch aanmaken?</translation>
-    </message>
-    <message>
         <source>A ringtone named &quot;%1&quot; is already in your library.&lt;br&gt;Replace it?</source>
         <translation>Er staat al een beltoon met de naam ‘%1’ in je bibliotheek.&lt;br&gt;Vervangen?</translation>
     </message>
@@ -334,6 +330,10 @@
         <source>Sorry, the product information can&apos;t be found.</source>
         <translation>Helaas, de productinformatie kan niet worden gevonden.</translation>
     </message>
+    <message>
+        <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
+        <translation>De selectie duurt %1 seconden. Telefoons weigeren dit soort beltoon als die langer is dan %2 seconden.&lt;br&gt;Toch maken?</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -427,6 +427,48 @@
     <message>
         <source>PassWord</source>
         <translation>Wachtwoord</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneExport</name>
+    <message>
+        <source>iPhone ringtone</source>
+        <translation>iPhone-beltoon</translation>
+    </message>
+    <message>
+        <source>iPhone alert tone</source>
+        <translation>iPhone-meldingstoon</translation>
+    </message>
+    <message>
+        <source>Android (Ogg)</source>
+        <translation>Android (Ogg)</translation>
+    </message>
+    <message>
+        <source>Android (MP3)</source>
+        <translation>Android (MP3)</translation>
+    </message>
+    <message>
+        <source>AAC audio (.m4a)</source>
+        <translation>AAC-audio (.m4a)</translation>
+    </message>
+</context>
+<context>
+    <name>CRingtoneNotice</name>
+    <message>
+        <source>%1 added to Ringtones</source>
+        <translation>%1 toegevoegd aan Beltonen</translation>
+    </message>
+    <message>
+        <source>%1 was made, but the library did not take it</source>
+        <translation>%1 is gemaakt, maar de bibliotheek nam het niet op</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Tonen in map</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Afspelen</translation>
     </message>
 </context>
 <context>

@@ -51,6 +51,24 @@ inline QString describe(const Run& r)
     return QString("exit %1\nstdout: %2\nstderr: %3").arg(r.code).arg(r.out, r.err);
 }
 
+// Integrated loudness (EBU R128, LUFS) of a file as ffmpeg's ebur128
+// filter measures it; a large negative number when it cannot.
+inline double integratedLoudness(const QString& path)
+{
+    QProcess p;
+    p.start("ffmpeg",
+            {"-nostdin", "-nostats", "-i", path, "-filter_complex", "ebur128", "-f", "null", "-"});
+    if (!p.waitForFinished(120000))
+        return -1000.0;
+    const QString log = QString::fromLocal8Bit(p.readAllStandardError());
+    // The summary at the end: "    I:         -18.2 LUFS".
+    const int summary = log.lastIndexOf("Integrated loudness:");
+    const int at = log.indexOf("I:", summary);
+    if (summary < 0 || at < 0)
+        return -1000.0;
+    return log.mid(at + 2).trimmed().section(' ', 0, 0).toDouble();
+}
+
 // The file decoded by ffmpeg to interleaved 44.1 kHz stereo s16le.
 inline QByteArray decodePcm(const QString& path)
 {

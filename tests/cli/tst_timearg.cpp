@@ -146,7 +146,10 @@ private slots:
         QTest::newRow("4.999 s") << (io + QStringList{"--length", "4.999"}) << int(kExitTooShort);
         QTest::newRow("end 3 s after start")
             << (io + QStringList{"--start", "10", "--end", "13"}) << int(kExitTooShort);
-        QTest::newRow("exactly 40 s") << (io + QStringList{"--length", "40"}) << int(kExitTooLong);
+        QTest::newRow("40.001 s") << (io + QStringList{"--length", "40.001"}) << int(kExitTooLong);
+        QTest::newRow("alert tone 30.5 s")
+            << (io + QStringList{"--format", "alert", "--length", "30.5"}) << int(kExitTooLong);
+        QTest::newRow("unknown format") << (io + QStringList{"--format", "wma"}) << int(kExitUsage);
         QTest::newRow("an hour") << (io + QStringList{"--end", "1:00:00"}) << int(kExitTooLong);
     }
 
@@ -165,6 +168,9 @@ private slots:
         const QStringList io{"in.mp3", "-o", "x.m4r"};
         QCOMPARE(parse(io + QStringList{"--length", "5"}).action, CliCommand::Run);
         QCOMPARE(parse(io + QStringList{"--length", "39.999"}).action, CliCommand::Run);
+        QCOMPARE(parse(io + QStringList{"--length", "40"}).action, CliCommand::Run);
+        QCOMPARE(parse(io + QStringList{"--format", "alert", "--length", "30"}).action,
+                 CliCommand::Run);
         QCOMPARE(parse(io + QStringList{"--length", "40", "--allow-long"}).action, CliCommand::Run);
         const QStringList fades{"--fade-in", "1", "--fade-out", "1"};
         QCOMPARE(parse(io + fades + QStringList{"--volume", "0"}).action, CliCommand::Run);
@@ -187,9 +193,44 @@ private slots:
               "--end", "--length", "--allow-long", "--fade-in", "--fade-out", "--volume", "--quiet",
               "--verbose", "--help", "--version"})
             QVERIFY2(help.contains(option), option);
-        for (int code = kExitOk; code <= kExitBatchFailed; ++code)
+        QVERIFY(help.contains("--format"));
+        for (int code = kExitOk; code <= kExitNotMedia; ++code)
             QVERIFY2(help.contains(QString("\n  %1 ").arg(code)),
                      qPrintable(QString::number(code)));
+    }
+
+    void shouldTakeTheKindFromFormatOrTheExtension_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("kind");
+        QTest::newRow("default") << QStringList{"in.mp3", "-o", "x.m4r"}
+                                 << int(RingtoneKind::IphoneRingtone);
+        QTest::newRow(".ogg") << QStringList{"in.mp3", "-o", "x.ogg"}
+                              << int(RingtoneKind::AndroidOgg);
+        QTest::newRow(".MP3") << QStringList{"in.mp3", "-o", "x.MP3"}
+                              << int(RingtoneKind::AndroidMp3);
+        QTest::newRow(".m4a") << QStringList{"in.mp3", "-o", "x.m4a"}
+                              << int(RingtoneKind::PlainAac);
+        QTest::newRow("no extension")
+            << QStringList{"in.mp3", "-o", "ring"} << int(RingtoneKind::IphoneRingtone);
+        QTest::newRow("--format alert") << QStringList{"in.mp3", "-o", "x.m4r", "--format", "alert"}
+                                        << int(RingtoneKind::IphoneAlert);
+        QTest::newRow("--format wins") << QStringList{"in.mp3", "-o", "x.m4r", "--format", "OGG"}
+                                       << int(RingtoneKind::AndroidOgg);
+        QTest::newRow("-d with --format") << QStringList{"in.mp3", "-d", "out", "--format", "mp3"}
+                                          << int(RingtoneKind::AndroidMp3);
+    }
+
+    void shouldTakeTheKindFromFormatOrTheExtension()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, kind);
+        const CliCommand c = parse(args);
+        QCOMPARE(c.action, CliCommand::Run);
+        QCOMPARE(int(c.options.kind), kind);
+        // A batch's child makes the same kind.
+        const CliCommand child = parse(childArguments(c.options, "in.mp3", "out/in.x"));
+        QCOMPARE(int(child.options.kind), kind);
     }
 
     void shouldHandAChildRunTheSameSettings()

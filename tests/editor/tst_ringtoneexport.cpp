@@ -97,12 +97,49 @@ private slots:
         QCOMPARE(CRingtoneExport::fileName(name), file);
     }
 
-    void shouldCallFortySecondsAndMoreTooLong()
+    void shouldCallOnlyWhatIsLongerThanTheLimitTooLong()
     {
         QVERIFY(!CRingtoneExport::isTooLong(5000));
         QVERIFY(!CRingtoneExport::isTooLong(39999));
-        QVERIFY(CRingtoneExport::isTooLong(40000));
+        QVERIFY(!CRingtoneExport::isTooLong(40000)); // the default selection is fine
+        QVERIFY(CRingtoneExport::isTooLong(40001));
         QVERIFY(CRingtoneExport::isTooLong(300000));
+        QVERIFY(!CRingtoneExport::isTooLong(30000, RingtoneKind::IphoneAlert));
+        QVERIFY(CRingtoneExport::isTooLong(30500, RingtoneKind::IphoneAlert));
+        QVERIFY(!CRingtoneExport::isTooLong(40000, RingtoneKind::AndroidOgg));
+        QVERIFY(CRingtoneExport::isTooLong(40500, RingtoneKind::AndroidMp3));
+    }
+
+    void shouldKnowEveryKind()
+    {
+        int count = 0;
+        const RingtoneFormat* formats = CRingtoneExport::formats(&count);
+        QCOMPARE(count, 5);
+        const QStringList keys{"iphone", "alert", "ogg", "mp3", "m4a"};
+        const QStringList extensions{".m4r", ".m4r", ".ogg", ".mp3", ".m4a"};
+        const QList<int> codecs{KELO_CODEC_AAC, KELO_CODEC_AAC, KELO_CODEC_VORBIS, KELO_CODEC_MP3,
+                                KELO_CODEC_AAC};
+        const QList<long long> limits{40000, 30000, 40000, 40000, 40000};
+        for (int i = 0; i < count; ++i) {
+            QCOMPARE(int(formats[i].kind), i); // in RingtoneKind's order
+            QCOMPARE(QString(formats[i].key), keys[i]);
+            QCOMPARE(QString(formats[i].extension), extensions[i]);
+            QCOMPARE(formats[i].codec, codecs[i]);
+            QCOMPARE(formats[i].lengthLimitMs, limits[i]);
+            QVERIFY(QString(formats[i].label).size() > 3);
+            RingtoneKind byKey = RingtoneKind::PlainAac;
+            QVERIFY(CRingtoneExport::kindOfKey(keys[i].toUpper(), &byKey));
+            QCOMPARE(int(byKey), i);
+        }
+        RingtoneKind kind = RingtoneKind::PlainAac;
+        QVERIFY(CRingtoneExport::kindOfFile("a/b.OGG", &kind));
+        QCOMPARE(kind, RingtoneKind::AndroidOgg);
+        QVERIFY(CRingtoneExport::kindOfFile("x.m4r", &kind));
+        QCOMPARE(kind, RingtoneKind::IphoneRingtone); // the first kind of that extension
+        QVERIFY(!CRingtoneExport::kindOfFile("x.wav", &kind));
+        QVERIFY(!CRingtoneExport::kindOfKey("wma", &kind));
+        QCOMPARE(CRingtoneExport::fileName("Bell", RingtoneKind::AndroidMp3), QString("Bell.mp3"));
+        QCOMPARE(&CRingtoneExport::format(), &formats[0]);
     }
 
     void shouldFindTheLibrarysRingtoneOfTheSameFileName()

@@ -25,6 +25,7 @@ private slots:
     void shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPlaylist();
     void shouldKeepAHiddenRingtonesPlaylistHidden();
     void shouldReportAPlaceThatCannotBeWritten();
+    void shouldTakeAndListEveryKindOfRingtone();
     void shouldRefuseBadRingtonesAndWriteNothing_data();
     void shouldRefuseBadRingtonesAndWriteNothing();
 
@@ -136,6 +137,36 @@ void TestItunesAgentRingtones::shouldAppendRingtoneIntoMusicRingtonesWithoutThat
     QVERIFY(fx::loggedLine("ringtone added: " + place + "/Plain.m4r"));
 }
 
+void TestItunesAgentRingtones::shouldTakeAndListEveryKindOfRingtone()
+{
+    const QString mediaFolder = m_dir.filePath("kinds/iTunes Media");
+    const QString autoAdd = mediaFolder + "/Automatically Add to iTunes";
+    QVERIFY(QDir().mkpath(autoAdd));
+    const QString xml = writeLibrary("kinds.xml", fx::libraryXml(mediaFolder, m_tracks, {}));
+    fx::useXmlLibrary(xml);
+    const QString made = m_dir.filePath("made kinds");
+    QVERIFY(QDir().mkpath(made));
+    const QString sine = "sine=frequency=660:duration=0.5";
+    QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", sine, "-c:a", "libvorbis", made + "/Ogg Tone.ogg"}));
+    QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", sine, "-c:a", "libmp3lame", made + "/Mp3 Tone.mp3"}));
+    QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i", sine, "-c:a", "aac", made + "/Aac Tone.m4a"}));
+    for (const char* name : {"Ogg Tone.ogg", "Mp3 Tone.mp3", "Aac Tone.m4a"}) {
+        QCOMPARE(AppendRingtone(QFile::encodeName(made + "/" + name).constData()), int(ITA_OK));
+        QVERIFY(QFileInfo::exists(autoAdd + "/" + name));
+    }
+    int ringtones = fx::findPlaylist(ITA_COLLECTION_LIBRARY, "Ringtones");
+    QStringList titles = fx::titlesOf(ITA_COLLECTION_LIBRARY, ringtones);
+    for (const char* title : {"Ogg Tone", "Mp3 Tone", "Aac Tone"})
+        QVERIFY2(titles.contains(title), qPrintable(titles.join(", ")));
+
+    // Found again in the place when the library is read anew.
+    fx::useXmlLibrary(xml);
+    ringtones = fx::findPlaylist(ITA_COLLECTION_LIBRARY, "Ringtones");
+    titles = fx::titlesOf(ITA_COLLECTION_LIBRARY, ringtones);
+    for (const char* title : {"Ogg Tone", "Mp3 Tone", "Aac Tone"})
+        QVERIFY2(titles.contains(title), qPrintable(titles.join(", ")));
+}
+
 void TestItunesAgentRingtones::shouldMergeRingtonePlaceFilesIntoTheLibrarysRingtonesPlaylist()
 {
     const QString mediaFolder = m_dir.filePath("merge/iTunes Media");
@@ -186,7 +217,9 @@ void TestItunesAgentRingtones::shouldRefuseBadRingtonesAndWriteNothing_data()
     QTest::addColumn<int>("result");
     QTest::newRow("missing file") << "absent/none.m4r" << QByteArray() << int(ITA_E_NOTFOUND);
     QTest::newRow("a folder") << "folder.m4r/" << QByteArray() << int(ITA_E_NOTFOUND);
-    QTest::newRow("not .m4r") << "tone.mp3" << QByteArray("ID3") << int(ITA_E_FORMAT);
+    QTest::newRow("not a ringtone kind") << "tone.wav" << QByteArray("RIFF") << int(ITA_E_FORMAT);
+    QTest::newRow("garbage .mp3") << "tone.mp3" << QByteArray("ID3") << int(ITA_E_FORMAT);
+    QTest::newRow("garbage .ogg") << "tone.ogg" << QByteArray(4096, 'o') << int(ITA_E_FORMAT);
     QTest::newRow("garbage .m4r") << "garbage.m4r" << QByteArray(4096, 'z') << int(ITA_E_FORMAT);
     QTest::newRow("only dots") << "...m4r" << QByteArray("x") << int(ITA_E_FORMAT);
 }
