@@ -6,6 +6,7 @@
 #include "editor/waveplayback.h"
 #include "engine/convertwraper.h"
 #include "engine/progresswait.h"
+#include "engine/timelinehelper.h"
 #include "library/ItunesWrap.h"
 
 #include <QDebug>
@@ -122,10 +123,18 @@ int CRingtoneExport::exportTo(const QString& path)
     const QByteArray src = m_io.getWavePath().toLocal8Bit();
     const QByteArray dest = path.toLocal8Bit();
     m_handedOver = false;
+    // The song's own artist when none was given (the render reads the
+    // temporary WAV, which has no tags).
+    QString artist = m_artist;
+    if (artist.isEmpty()) {
+        MediaStreams song;
+        if (CTimeLineHelper::probe(m_io.getNode().strPath.toLocal8Bit().constData(), &song))
+            artist = song.artist;
+    }
     int rc = CConvertWraper::instance()->convertTo(
         src.constData(), dest.constData(), kind.container, kind.codec, kind.bitRate,
         &m_io.progressWait(), m_model.beginTime(), m_model.endTime(),
-        ConvertTags{m_title.toUtf8(), m_artist.toUtf8()});
+        ConvertTags{m_title.toUtf8(), artist.toUtf8()});
     if (rc < 0)
         return rc;
     rc = m_io.waitPhase(0.5f, 0.0f, true);

@@ -2,6 +2,8 @@
 
 #include <vexa.h>
 
+#include <QByteArray>
+
 #include <cstring>
 
 CTimeLineHelper::CTimeLineHelper() : m_timeline(0)
@@ -49,6 +51,14 @@ bool CTimeLineHelper::probe(const char* path, MediaStreams* streams)
     const int media = KeloAddMedia2(timeline, &src, 0, 0);
     if (media < 0)
         return false;
+
+    // Two passes: the length first, then the tag.
+    const int artistBytes = KeloGetMediaArtist(timeline, media, nullptr, 0);
+    if (artistBytes > 1) {
+        QByteArray artist(artistBytes, '\0');
+        KeloGetMediaArtist(timeline, media, artist.data(), artistBytes);
+        streams->artist = QString::fromUtf8(artist.constData());
+    }
 
     unsigned char buffer[64] = {};
     void* info = buffer;

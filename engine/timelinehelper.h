@@ -3,12 +3,15 @@
 // holds an audio or a video stream. GUI thread only; the timeline lives from
 // the first getTimeline() to program exit, and probed items stay on it.
 
+#include <QString>
+
 // What a probe of a file found.
 struct MediaStreams
 {
     bool audio = false;
     bool video = false;
     long long audioMs = 0; // the first audio stream's length; 0 when unknown
+    QString artist;        // the file's own artist tag; empty when none
 };
 
 class CTimeLineHelper

@@ -168,7 +168,9 @@ int RenderJob::render(std::string* temp)
     std::unique_ptr<PcmSink> sink;
     if (m_order.output != OutputKind::Wav) {
         auto encoded = std::make_unique<EncodedWriter>();
-        rc = encoded->open(*temp, m_order.output, m_order.bitRate, Tags{item.title, item.artist});
+        // The source's own artist unless the item says otherwise.
+        const Tags tags{item.title, item.artist.empty() ? item.sourceArtist : item.artist};
+        rc = encoded->open(*temp, m_order.output, m_order.bitRate, tags);
         sink = std::move(encoded);
     } else {
         auto wav = std::make_unique<WavWriter>();

@@ -100,7 +100,8 @@ static tagKeloStreamInfo describe(const AVFormatContext* fmt, const AVStream* st
     return info;
 }
 
-int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* streams)
+int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* streams,
+                 std::string* artist)
 {
     InputPtr fmt = openMedia(path);
     if (!fmt)
@@ -109,6 +110,14 @@ int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* stream
     streams->reserve(fmt->nb_streams);
     for (unsigned i = 0; i < fmt->nb_streams; ++i)
         streams->push_back(describe(fmt.get(), fmt->streams[i]));
+    if (artist) {
+        // The container's tag, or the first audio stream's (Ogg keeps its own there).
+        const AVDictionaryEntry* entry = av_dict_get(fmt->metadata, "artist", nullptr, 0);
+        for (unsigned i = 0; !entry && i < fmt->nb_streams; ++i)
+            if (fmt->streams[i]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO)
+                entry = av_dict_get(fmt->streams[i]->metadata, "artist", nullptr, 0);
+        *artist = entry && entry->value ? entry->value : "";
+    }
     return KELO_OK;
 }
 

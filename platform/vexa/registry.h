@@ -23,6 +23,7 @@ struct MediaItem
     std::vector<tagKeloStreamInfo> streams;
     std::string title; // tags of what is rendered from it, UTF-8
     std::string artist;
+    std::string sourceArtist; // the file's own artist tag, found by the probe
 };
 
 // A running or finished job, as the tables see it.
@@ -64,6 +65,7 @@ void stopJobs(const std::vector<std::shared_ptr<JobControl>>& jobs);
 
 // Probes a file's streams: bounded, the file is closed again. Returns
 // KELO_OK or a negative code.
-int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* streams);
+int probeStreams(const std::string& path, std::vector<tagKeloStreamInfo>* streams,
+                 std::string* artist = nullptr);
 
 } // namespace vexa

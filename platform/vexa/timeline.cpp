@@ -82,7 +82,7 @@ extern "C" int KeloAddMedia2(int timeline, const tagKeloMediaSrc* src, int, int)
     item->start = src->llStart;
     item->end = src->llEnd;
     // Probe outside the lock: it reads the file.
-    const int rc = vexa::probeStreams(item->path, &item->streams);
+    const int rc = vexa::probeStreams(item->path, &item->streams, &item->sourceArtist);
     if (rc < 0)
         return rc;
 
@@ -112,6 +112,22 @@ extern "C" int KeloSetMediaTags(int timeline, int media, const char* title, cons
     tagged->artist = artist ? artist : "";
     found->second = std::move(tagged);
     return KELO_OK;
+}
+
+extern "C" int KeloGetMediaArtist(int timeline, int media, char* buffer, int size)
+{
+    Registry& r = Registry::instance();
+    std::lock_guard<std::mutex> lock(r.mutex);
+    auto item = r.item(timeline, media);
+    if (!item)
+        return KELO_E_HANDLE;
+    const std::string& artist = item->sourceArtist;
+    if (buffer && size > 0) {
+        const size_t n = std::min(artist.size(), static_cast<size_t>(size - 1));
+        artist.copy(buffer, n);
+        buffer[n] = '\0';
+    }
+    return static_cast<int>(artist.size()) + 1;
 }
 
 extern "C" int KeloRemoveMedia(int timeline, int media)

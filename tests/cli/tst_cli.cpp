@@ -404,6 +404,10 @@ private slots:
         const QString tags = tw::ffprobe(
             {"-show_entries", "format_tags=title:stream_tags=title", "-of", "default=nw=1", ring});
         QVERIFY2(tags.contains("title=" + QFileInfo(ring).completeBaseName()), qPrintable(tags));
+        const QString artist =
+            tw::ffprobe({"-show_entries", "format_tags=artist:stream_tags=artist", "-of",
+                         "default=nw=1", ring});
+        QVERIFY2(artist.contains("artist=Tonewright"), qPrintable(artist)); // the song's
     }
 
     void shouldSayWhyAnInputCannotBeUsed_data()

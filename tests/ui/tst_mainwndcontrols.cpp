@@ -15,6 +15,7 @@
 #include "mediafixtures.h"
 #include "modalanswer.h"
 #include "testenv.h"
+#include "tests/cli/clirun.h"
 #include "tests/library/libraryfixture.h"
 #include "ui/tickerlabel.h"
 #include "urlcatcher.h"
@@ -470,21 +471,26 @@ private slots:
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("extension");
         QTest::addColumn<QString>("codec");
+        QTest::addColumn<QString>("container");
+        QTest::addColumn<int>("frame"); // samples in one of the codec's frames
+        const QString mp4 = "mov,mp4,m4a,3gp,3g2,mj2";
         QTest::newRow("iPhone ringtone") << "iphone"
                                          << ".m4r"
-                                         << "aac";
+                                         << "aac" << mp4 << 1024;
         QTest::newRow("iPhone alert tone") << "alert"
                                            << ".m4r"
-                                           << "aac";
+                                           << "aac" << mp4 << 1024;
         QTest::newRow("Android Ogg") << "ogg"
                                      << ".ogg"
-                                     << "vorbis";
+                                     << "vorbis"
+                                     << "ogg" << 2048;
         QTest::newRow("Android MP3") << "mp3"
                                      << ".mp3"
-                                     << "mp3";
+                                     << "mp3"
+                                     << "mp3" << 1152;
         QTest::newRow("plain AAC") << "m4a"
                                    << ".m4a"
-                                   << "aac";
+                                   << "aac" << mp4 << 1024;
     }
 
     void shouldMakeEachKindAndSayWhereItWent()
@@ -492,26 +498,48 @@ private slots:
         QFETCH(QString, kind);
         QFETCH(QString, extension);
         QFETCH(QString, codec);
+        QFETCH(QString, container);
+        QFETCH(int, frame);
         openSong();
-        editor()->model().setSelection(10000, 30000);
+        get<QCheckBox>("fadeInCheckBox")->setChecked(true);
+        get<QSpinBox>("fadeInSpinBox")->setValue(3);
         auto* combo = get<QComboBox>("ringtoneKindCombo");
-        combo->setCurrentIndex(combo->findData(kind));
-        tw::ModalAnswer answers;
-        answers.then(mw::typeName("Bell/Tone"));
-        get<QPushButton>("startbtn")->click();
-        QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
+        const auto make = [&](const QString& chosen, const QString& name) {
+            editor()->model().setSelection(10000, 30000);
+            combo->setCurrentIndex(combo->findData(chosen));
+            tw::ModalAnswer answers;
+            answers.then(mw::typeName(name));
+            get<QPushButton>("startbtn")->click();
+            QCOMPARE(answers.seen, QStringList({"CNameDlg"}));
+        };
+        make(kind, "Bell/Tone");
         const QString made = ringtoneDir() + "/Bell-Tone" + extension;
         QVERIFY2(QFile::exists(made), qPrintable(made));
-        QCOMPARE(
-            tw::ffprobe({"-show_entries", "stream=codec_name", "-of", "csv=p=0", made}).trimmed(),
-            codec);
-        const double seconds =
-            tw::ffprobe({"-show_entries", "format=duration", "-of", "csv=p=0", made}).toDouble();
-        QVERIFY2(qAbs(seconds - 20.0) < 0.06, qPrintable(QString::number(seconds)));
+        const auto probe = [&made](const char* entries) {
+            return tw::ffprobe({"-show_entries", entries, "-of", "default=nw=1:nk=1", made})
+                .trimmed();
+        };
+        QCOMPARE(probe("stream=codec_name"), codec);
+        QCOMPARE(probe("format=format_name"), container);
         const QString tags =
-            tw::ffprobe({"-show_entries", "format_tags=title,artist:stream_tags=title", "-of",
-                         "default=nw=1", made});
-        QVERIFY2(tags.contains("title=Bell/Tone"), qPrintable(tags)); // the name as typed
+            tw::ffprobe({"-show_entries", "format_tags=title,artist:stream_tags=title,artist",
+                         "-of", "default=nw=1", made});
+        QVERIFY2(tags.contains("title=Bell/Tone"), qPrintable(tags));   // the name as typed
+        QVERIFY2(tags.contains("artist=Tonewright"), qPrintable(tags)); // the song's
+        // Decoded back: the span to within one frame, the fade-in at its start.
+        const QByteArray pcm = twcli::decodePcm(made);
+        const double ms = pcm.size() / 4 * 1000.0 / 44100;
+        QVERIFY2(qAbs(ms - 20000.0) <= frame * 1000.0 / 44100, qPrintable(QString::number(ms)));
+        const auto rms = [&pcm](int fromMs, int toMs) {
+            const auto* s = reinterpret_cast<const qint16*>(pcm.constData());
+            double sum = 0;
+            const int a = fromMs * 441 / 10 * 2, b = toMs * 441 / 10 * 2;
+            for (int i = a; i < b; ++i)
+                sum += double(s[i]) * s[i];
+            return std::sqrt(sum / (b - a));
+        };
+        QVERIFY2(rms(0, 500) * 4 < rms(5000, 6000),
+                 qPrintable(QString("%1 %2").arg(rms(0, 500)).arg(rms(5000, 6000))));
         // The notice says what was made and where, without a modal box.
         auto* notice = get<QWidget>("ringtoneNotice");
         QVERIFY(notice->isVisible());
@@ -519,6 +547,14 @@ private slots:
                  QString("Bell-Tone%1 added to Ringtones").arg(extension));
         // Remembered for the next window.
         QCOMPARE(QSettings().value("Ringtone/Kind").toString(), kind);
+
+        // As loud as the .m4r of the same span and fades, within 1 LU.
+        make("iphone", "Reference");
+        const double lufs = twcli::integratedLoudness(made);
+        const double reference = twcli::integratedLoudness(ringtoneDir() + "/Reference.m4r");
+        QVERIFY2(lufs > -70.0 && lufs < 0.0, qPrintable(QString::number(lufs)));
+        QVERIFY2(qAbs(lufs - reference) <= 1.0,
+                 qPrintable(QString("%1 against %2 LUFS").arg(lufs).arg(reference)));
     }
 
     void shouldOfferTheFolderAndPlayInTheNoticeAndHideIt()

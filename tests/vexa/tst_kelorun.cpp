@@ -424,6 +424,20 @@ private slots:
         QVERIFY2(tags.contains("artist=Tonewright Tests"), qPrintable(tags));
     }
 
+    void shouldTakeTheSourcesArtistWhenNoneIsGiven()
+    {
+        const QString dest = out("own artist.ogg");
+        tw::RenderWatch watch;
+        tw::RenderRequest request{m_mp3, dest, "ogg", KELO_CODEC_VORBIS, 128000, 1000, 4000};
+        request.title = "Just A Title";
+        QVERIFY(render(request, &watch));
+        const QString tags =
+            tw::ffprobe({"-show_entries", "format_tags=title,artist:stream_tags=title,artist",
+                         "-of", "default=nw=1", dest});
+        QVERIFY2(tags.contains("title=Just A Title"), qPrintable(tags));
+        QVERIFY2(tags.contains("artist=Tonewright"), qPrintable(tags)); // the mp3's own
+    }
+
     void shouldRefuseACodecTheContainerDoesNotTake()
     {
         tw::RenderWatch watch;

@@ -191,6 +191,29 @@ private slots:
         KeloSetDataDirectory(nullptr);
     }
 
+    void shouldTellTheFilesOwnArtistInTwoPasses()
+    {
+        const int t = CreateTimelineEx("com.vandrel.tonewright", -1);
+        const QByteArray tagged = tw::mp3Fixture(5).toLocal8Bit(); // artist "Tonewright"
+        tagKeloMediaSrc src = source(tagged);
+        const int media = KeloAddMedia2(t, &src, 0, 0);
+        QVERIFY(media >= 0);
+        QCOMPARE(KeloGetMediaArtist(t, media, nullptr, 0), 11);
+        char small[5] = {'x', 'x', 'x', 'x', 'x'};
+        QCOMPARE(KeloGetMediaArtist(t, media, small, sizeof small), 11);
+        QCOMPARE(QByteArray(small), QByteArray("Tone")); // cut, and terminated
+        char whole[32] = {};
+        KeloGetMediaArtist(t, media, whole, sizeof whole);
+        QCOMPARE(QByteArray(whole), QByteArray("Tonewright"));
+        const QByteArray plain = tw::wavFixture(3).toLocal8Bit(); // no tags at all
+        tagKeloMediaSrc bare = source(plain);
+        const int untagged = KeloAddMedia2(t, &bare, 0, 0);
+        QCOMPARE(KeloGetMediaArtist(t, untagged, whole, sizeof whole), 1);
+        QCOMPARE(QByteArray(whole), QByteArray());
+        QCOMPARE(KeloGetMediaArtist(t, 9999, whole, sizeof whole), int(KELO_E_HANDLE));
+        DestroyTimeline(t);
+    }
+
     void shouldKeepWritingTheDayFileWithoutTheEcho()
     {
         QTemporaryDir data;

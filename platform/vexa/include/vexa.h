@@ -134,8 +134,13 @@ int DestroyTimeline(int timeline);
 int KeloAddMedia2(int timeline, const tagKeloMediaSrc* src, int reserved1, int reserved2);
 int KeloRemoveMedia(int timeline, int media);
 // The title and artist that renders of the item write into their files'
-// tags (UTF-8; null or empty leaves a tag out). 0, or a negative code.
+// tags (UTF-8; a null or empty title is left out, a null or empty artist
+// takes the source's own). 0, or a negative code.
 int KeloSetMediaTags(int timeline, int media, const char* title, const char* artist);
+// The item's file's own artist tag (UTF-8) into `buffer` (cut to `size`,
+// always terminated); returns the bytes the whole tag needs with its NUL
+// (1 when there is none), or a negative code.
+int KeloGetMediaArtist(int timeline, int media, char* buffer, int size);
 
 // Points *ppInfo at the engine's array of tagKeloStreamInfo records (valid
 // until the item is removed) and returns their number; negative on failure.
