@@ -11,6 +11,9 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <cmath>
+
 namespace twcli {
 
 struct Run
@@ -49,6 +52,19 @@ inline Run run(const QStringList& args, const QString& workDir = QString())
 inline QString describe(const Run& r)
 {
     return QString("exit %1\nstdout: %2\nstderr: %3").arg(r.code).arg(r.out, r.err);
+}
+
+// The RMS level of interleaved 44.1 kHz stereo s16le samples between two
+// times (ms), both channels together.
+inline double rms(const QByteArray& pcm, int fromMs, int toMs)
+{
+    const auto* s = reinterpret_cast<const qint16*>(pcm.constData());
+    const qint64 a = qint64(fromMs) * 441 / 10 * 2;
+    const qint64 b = std::min<qint64>(qint64(toMs) * 441 / 10 * 2, pcm.size() / 2);
+    double sum = 0;
+    for (qint64 i = a; i < b; ++i)
+        sum += double(s[i]) * s[i];
+    return b > a ? std::sqrt(sum / double(b - a)) : 0.0;
 }
 
 // Integrated loudness (EBU R128, LUFS) of a file as ffmpeg's ebur128

@@ -381,14 +381,7 @@ private slots:
         const double ms = pcm.size() / 4 * 1000.0 / 44100;
         QVERIFY2(std::fabs(ms - 20000.0) <= frameMs, qPrintable(QString::number(ms)));
         // The fade-in: the first half second far quieter than a second at 5 s.
-        const auto rms = [&pcm](int fromMs, int toMs) {
-            const auto* s = reinterpret_cast<const qint16*>(pcm.constData());
-            double sum = 0;
-            const int a = fromMs * 441 / 10 * 2, b = toMs * 441 / 10 * 2;
-            for (int i = a; i < b; ++i)
-                sum += double(s[i]) * s[i];
-            return std::sqrt(sum / (b - a));
-        };
+        const auto rms = [&pcm](int fromMs, int toMs) { return twcli::rms(pcm, fromMs, toMs); };
         QVERIFY2(rms(0, 500) * 4 < rms(5000, 6000),
                  qPrintable(QString("%1 %2").arg(rms(0, 500)).arg(rms(5000, 6000))));
         // As loud as the .m4r of the same span, within 1 LU.
