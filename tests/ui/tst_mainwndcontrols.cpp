@@ -526,6 +526,10 @@ private slots:
                          "-of", "default=nw=1", made});
         QVERIFY2(tags.contains("title=Bell/Tone"), qPrintable(tags));   // the name as typed
         QVERIFY2(tags.contains("artist=Tonewright"), qPrintable(tags)); // the song's
+        // The library read the title with TagLib: the Ringtones playlist shows it.
+        const int ringtones = fx::findPlaylist(ITA_COLLECTION_LIBRARY, "Ringtones");
+        QVERIFY2(fx::titlesOf(ITA_COLLECTION_LIBRARY, ringtones).contains("Bell/Tone"),
+                 qPrintable(fx::titlesOf(ITA_COLLECTION_LIBRARY, ringtones).join(", ")));
         // Decoded back: the span to within one frame, the fade-in at its start.
         const QByteArray pcm = twcli::decodePcm(made);
         const double ms = pcm.size() / 4 * 1000.0 / 44100;
