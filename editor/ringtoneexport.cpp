@@ -84,13 +84,16 @@ bool CRingtoneExport::isTooLong(long long lengthMs, RingtoneKind kind)
     return lengthMs > format(kind).lengthLimitMs;
 }
 
-QString CRingtoneExport::replacedInLibrary(const QString& name, RingtoneKind kind)
+QString CRingtoneExport::libraryPath(const QString& name, RingtoneKind kind)
 {
     const QString inLibrary = CItunesWraper::instance()->ringtoneDir();
-    if (inLibrary.isEmpty())
-        return QString();
-    const QString path = inLibrary + "/" + fileName(name, kind);
-    return QFile::exists(path) ? path : QString();
+    return inLibrary.isEmpty() ? QString() : inLibrary + "/" + fileName(name, kind);
+}
+
+QString CRingtoneExport::replacedInLibrary(const QString& name, RingtoneKind kind)
+{
+    const QString path = libraryPath(name, kind);
+    return !path.isEmpty() && QFile::exists(path) ? path : QString();
 }
 
 int CRingtoneExport::addToLibrary(const QString& path)

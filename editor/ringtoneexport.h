@@ -56,6 +56,10 @@ public:
     static QString fileName(const QString& name, RingtoneKind kind = RingtoneKind::IphoneRingtone);
     // The length rule: a span this long (ms) is longer than the kind's limit.
     static bool isTooLong(long long lengthMs, RingtoneKind kind = RingtoneKind::IphoneRingtone);
+    // Where the library keeps a ringtone of this name and kind once it took
+    // it; empty when the library has no ringtone place.
+    static QString libraryPath(const QString& name,
+                               RingtoneKind kind = RingtoneKind::IphoneRingtone);
     // The replace rule: the path of the library's ringtone that a ringtone of
     // this name and kind would replace, or an empty string when there is none.
     static QString replacedInLibrary(const QString& name,

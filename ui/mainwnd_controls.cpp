@@ -12,7 +12,6 @@
 #include "engine/platformfolders.h"
 #include "engine/previewwnd.h"
 #include "engine/timeconvert.h"
-#include "library/ItunesWrap.h"
 #include "ui/namedlg.h"
 #include "ui/ringtonenotice.h"
 #include "ui/tickerlabel.h"
@@ -20,7 +19,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFormLayout>
@@ -213,11 +211,11 @@ QWidget* CMainWnd::CreateSetingWidget(QWidget* parent)
     // The kind of ringtone, under the create button; remembered.
     m_kindCombo = new QComboBox(bar);
     m_kindCombo->setObjectName("ringtoneKindCombo");
+    // The texts come from retranslate().
     int kinds = 0;
     const RingtoneFormat* formats = CRingtoneExport::formats(&kinds);
     for (int i = 0; i < kinds; ++i)
-        m_kindCombo->addItem(QCoreApplication::translate("CRingtoneExport", formats[i].label),
-                             QString::fromLatin1(formats[i].key));
+        m_kindCombo->addItem(QString(), QString::fromLatin1(formats[i].key));
     RingtoneKind saved = RingtoneKind::IphoneRingtone;
     CRingtoneExport::kindOfKey(QSettings().value(settingskeys::kRingtoneKind).toString(), &saved);
     m_kindCombo->setCurrentIndex(int(saved));
@@ -455,9 +453,8 @@ void CMainWnd::convert()
         return;
     }
     m_mainStack->setCurrentIndex(1);
-    const QString inLibrary =
-        CItunesWraper::instance()->ringtoneDir() + "/" + CRingtoneExport::fileName(name, kind);
-    m_notice->showMade(ringtone.handedOver() ? inLibrary : path, ringtone.handedOver());
+    m_notice->showMade(ringtone.handedOver() ? CRingtoneExport::libraryPath(name, kind) : path,
+                       ringtone.handedOver());
 }
 
 RingtoneKind CMainWnd::chosenKind() const

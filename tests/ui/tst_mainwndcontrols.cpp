@@ -131,6 +131,13 @@ private slots:
         QCOMPARE(get<QPushButton>("closeBtn")->toolTip(), QString("Quit Editing"));
         QCOMPARE(get<QToolButton>("twitter")->toolTip(), QString("Tweet Your Ringtone"));
         QCOMPARE(get<QToolButton>("facebook")->toolTip(), QString("Find us on Facebook"));
+        auto* kinds = get<QComboBox>("ringtoneKindCombo");
+        QStringList labels;
+        for (int i = 0; i < kinds->count(); ++i)
+            labels << kinds->itemText(i);
+        QCOMPARE(labels, QStringList({"iPhone ringtone", "iPhone alert tone", "Android (Ogg)",
+                                      "Android (MP3)", "AAC audio (.m4a)"}));
+        QCOMPARE(kinds->currentData().toString(), QString("iphone"));
     }
 
     void shouldSetTheRowsWhenASongOpens()
