@@ -4,8 +4,11 @@
 #include "audio/wavebuffers.h"
 #include "audio/waveheader.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
+#include <vector>
 
 namespace wav {
 
@@ -14,7 +17,71 @@ int wrap32(long long v)
     return static_cast<int>(static_cast<unsigned>(static_cast<unsigned long long>(v)));
 }
 
+namespace {
+
+// The bytes [*from, *to) of a buffer read at `pos` that the preview gain
+// covers; false when it covers none, or the data is not 16-bit.
+bool gainSpan(const tagWaveInfo* info, int length, long pos, int* from, int* to)
+{
+    const tagWaveGain* g = info->gain;
+    if (!g || info->silence != 0 || info->frameBytes == 0)
+        return false;
+    const long long first = kDataOffset + g->firstFrame * info->frameBytes;
+    const long long last = first + g->frames * info->frameBytes;
+    const long long a = std::max<long long>(first, pos);
+    const long long b = std::min<long long>(last, pos + length);
+    if (b <= a)
+        return false;
+    // Whole frames only.
+    const long long skew = (a - first) % info->frameBytes;
+    *from = static_cast<int>(a - pos + (skew ? info->frameBytes - skew : 0));
+    *to = static_cast<int>(b - pos);
+    return *from < *to;
+}
+
+// The 16-bit volume on the bytes the preview gain leaves alone.
+void volumeOutside(unsigned char* buffer, int length, int volume, bool covered, int from, int to)
+{
+    if (!covered) {
+        VolumeChangeS16(buffer, length, volume);
+        return;
+    }
+    VolumeChangeS16(buffer, from & ~1, volume);
+    if (to < length)
+        VolumeChangeS16(buffer + to, (length - to) & ~1, volume);
+}
+
+void applyGain(const tagWaveInfo* info, unsigned char* buffer, long pos, int from, int to)
+{
+    const tagWaveGain* g = info->gain;
+    const int frameBytes = info->frameBytes;
+    const int channels = frameBytes / 2;
+    long long frame = (pos + from - kDataOffset) / frameBytes - g->firstFrame;
+    for (int at = from; at + frameBytes <= to; at += frameBytes, ++frame) {
+        const float factor = g->gain * (g->envelope ? g->envelope[frame] : 1.0f);
+        for (int c = 0; c < channels; ++c) {
+            unsigned char* p = buffer + at + 2 * c;
+            const long v = std::lround(static_cast<float>(pcm::loadS16(p)) * factor);
+            pcm::storeS16(p, static_cast<int>(std::clamp(v, -32768L, 32767L)));
+        }
+    }
+}
+
+} // namespace
+
 void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, long pos)
+{
+    int gainFrom = 0;
+    int gainTo = 0;
+    const bool gained = gainSpan(info, length, pos, &gainFrom, &gainTo);
+    applyVolumeAndFades(info, buffer, length, pos, gained, gainFrom, gainTo);
+    // After the fades, as the export applies it.
+    if (gained)
+        applyGain(info, buffer, pos, gainFrom, gainTo);
+}
+
+void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int length, long pos,
+                         bool gained, int gainFrom, int gainTo)
 {
     const int volume = info->volume;
     const int inStart = info->fadeInStart;
@@ -60,7 +127,7 @@ void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, lo
     }
 
     if (volume != 100)
-        VolumeChangeS16(buffer, length, volume);
+        volumeOutside(buffer, length, volume, gained, gainFrom, gainTo);
     if (!inFadeIn && !inFadeOut)
         return;
     if (info->frameBytes == 4) {
@@ -124,6 +191,79 @@ void writeBackEffects(tagWaveInfo* info)
             (pos > info->fadeOutEnd && info->fadeInEnd < info->fadeOutEnd))
             break;
     }
+}
+
+long long readFaded(const tagWaveInfo* info, const char* path, long long firstFrame,
+                    long long frames, unsigned char* out)
+{
+    const int frameBytes = info->frameBytes;
+    if (!path || frameBytes <= 0 || firstFrame < 0 || frames < 0)
+        return -1;
+    FILE* f = std::fopen(path, "rb");
+    if (!f)
+        return -1;
+    std::fseek(f, 0, SEEK_END);
+    const long long fileEnd = std::ftell(f);
+    const long long from = kDataOffset + firstFrame * frameBytes;
+    const long long to = std::min(from + frames * frameBytes, std::max(fileEnd, from));
+
+    // The write-back's chunks: they start at the first fade and run on, a
+    // chunk at a time, until one ends past the last fade. Only a chunk's
+    // start decides its fade, so a chunk is taken whole even where it
+    // reaches outside [from, to).
+    tagWaveInfo fadesOnly = *info;
+    fadesOnly.volume = 100;
+    fadesOnly.gain = nullptr;
+    long long start = -1;
+    if (info->fadeInStart >= 1)
+        start = info->fadeInStart;
+    else if (info->fadeOutStart > 0)
+        start = info->fadeOutStart;
+    long long stop = fileEnd; // no chunk starts past this
+    if (info->fadeOutEnd < 0)
+        stop = info->fadeInEnd;
+    else if (info->fadeInEnd < info->fadeOutEnd)
+        stop = info->fadeOutEnd;
+
+    long long readFrom = from;
+    long long readTo = to;
+    long long firstChunk = 0;
+    long long lastChunk = -1;
+    if (start >= 0 && to > from) {
+        firstChunk = from > start ? (from - start) / static_cast<long long>(kChunkBytes) : 0;
+        for (long long k = firstChunk;; ++k) {
+            const long long cs = start + k * static_cast<long long>(kChunkBytes);
+            if (cs >= to || cs >= fileEnd || cs > stop)
+                break;
+            lastChunk = k;
+        }
+        if (lastChunk >= firstChunk) {
+            readFrom = std::min(readFrom, start + firstChunk * static_cast<long long>(kChunkBytes));
+            readTo = std::max(
+                readTo,
+                std::min<long long>(start + (lastChunk + 1) * static_cast<long long>(kChunkBytes),
+                                    fileEnd));
+        }
+    }
+
+    // The slack keeps the frame loops inside the buffer at a partial last frame.
+    std::vector<unsigned char> work(static_cast<std::size_t>(readTo - readFrom) + 8, 0);
+    std::fseek(f, static_cast<long>(readFrom), SEEK_SET);
+    const std::size_t got =
+        std::fread(work.data(), 1, static_cast<std::size_t>(readTo - readFrom), f);
+    std::fclose(f);
+    const long long readEnd = readFrom + static_cast<long long>(got);
+    for (long long k = firstChunk; k <= lastChunk; ++k) {
+        const long long cs = start + k * static_cast<long long>(kChunkBytes);
+        const long long ce = std::min(cs + static_cast<long long>(kChunkBytes), readEnd);
+        if (ce <= cs)
+            break;
+        applyEffects(&fadesOnly, work.data() + (cs - readFrom), static_cast<int>(ce - cs),
+                     static_cast<long>(cs));
+    }
+    const long long held = std::max<long long>(std::min(to, readEnd) - from, 0);
+    std::copy_n(work.data() + (from - readFrom), held, out);
+    return held / frameBytes;
 }
 
 } // namespace wav

@@ -16,9 +16,13 @@ namespace wav {
 // The low 32 bits of a value, as a signed int.
 int wrap32(long long v);
 
-// Applies volume, then the fade the buffer's start lies in, to `length`
-// bytes read from file offset `pos`.
+// Applies volume, then the fade the buffer's start lies in, then the
+// preview gain where it covers the buffer (the volume stays off there), to
+// `length` bytes read from file offset `pos`.
 void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, long pos);
+// Volume (except over [gainFrom, gainTo) when `gained`) and fades.
+void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int length, long pos,
+                         bool gained, int gainFrom, int gainTo);
 
 // Byte offset in the file of a time in whole seconds, kept to 32 bits.
 int secondsToOffset(const tagWaveInfo* info, long long seconds);
@@ -26,5 +30,9 @@ int secondsToOffset(const tagWaveInfo* info, long long seconds);
 // Writes volume and fades into the file through scanFile, one chunk at a
 // time, starting at the first fade (or wherever the last read stopped).
 void writeBackEffects(tagWaveInfo* info);
+
+// WaveHelperReadFaded.
+long long readFaded(const tagWaveInfo* info, const char* path, long long firstFrame,
+                    long long frames, unsigned char* out);
 
 } // namespace wav

@@ -96,6 +96,8 @@ int WaveHelperUninit(tagWaveInfo* info)
         std::fclose(info->playFile);
         info->playFile = nullptr;
     }
+    // The preview gain is for listening only.
+    info->gain = nullptr;
     if (info->scanFile && info->rawBuffer)
         wav::writeBackEffects(info);
     if (info->scanFile)
@@ -253,4 +255,21 @@ int WaveHelperFadeOut(tagWaveInfo* info, int start, int length)
         info->fadeOutEnd = -1;
     }
     return 0;
+}
+
+int WaveHelperSetGain(tagWaveInfo* info, const tagWaveGain* gain)
+{
+    if (!info)
+        return -1;
+    AudioLock lock;
+    info->gain = gain;
+    return 0;
+}
+
+long long WaveHelperReadFaded(const tagWaveInfo* info, const char* path, long long firstFrame,
+                              long long frames, unsigned char* out)
+{
+    if (!info || !out)
+        return -1;
+    return wav::readFaded(info, path, firstFrame, frames, out);
 }

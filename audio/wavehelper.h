@@ -40,6 +40,18 @@ enum WaveState : int
     WAVE_PAUSED = 2
 };
 
+// A gain over part of the file, for preview: what the export will apply to
+// the selection (volume, normalisation and the limiter's factors) played as
+// it will be written. Owned by the caller, who keeps it alive while it is
+// set. Within its frames it takes the place of the record's volume.
+struct tagWaveGain
+{
+    long long firstFrame;  // the first frame it covers
+    long long frames;      // frames it covers
+    float gain;            // linear
+    const float* envelope; // one factor a frame, or nullptr for none
+};
+
 struct tagWaveInfo
 {
     unsigned int formatKey; // a WaveFormatKey, or another value the engine does not play
@@ -60,6 +72,7 @@ struct tagWaveInfo
     int fadeInEnd;
     int fadeOutStart;
     int fadeOutEnd;
+    const tagWaveGain* gain; // nullptr: the volume applies everywhere
 };
 
 int WaveHelperInit(const char* path, tagWaveInfo* info);
@@ -74,3 +87,14 @@ unsigned char* WaveHelperGetRawData(tagWaveInfo* info, int firstFrame, int frame
 int WaveHelperChangeVolume(tagWaveInfo* info, int percent);
 int WaveHelperFadeIn(tagWaveInfo* info, int start, int length);
 int WaveHelperFadeOut(tagWaveInfo* info, int start, int length);
+// Sets (or with nullptr takes off) the preview gain. It is never written
+// into the file: closing the record takes it off first.
+int WaveHelperSetGain(tagWaveInfo* info, const tagWaveGain* gain);
+// Reads `frames` frames from `firstFrame` of the WAV at `path` (laid out as
+// the record's) into `out`, with the record's fades applied exactly as
+// closing the record writes them into the file, chunk for chunk; the
+// volume is left out. Frames the file does not hold are not written. The
+// frames read, or -1 when the file cannot be read. Touches no field of the
+// record and no audio device: any thread.
+long long WaveHelperReadFaded(const tagWaveInfo* info, const char* path, long long firstFrame,
+                              long long frames, unsigned char* out);

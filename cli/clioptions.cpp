@@ -12,6 +12,9 @@ namespace {
 
 // The editor's volume range.
 constexpr int kMaxVolume = 256;
+// The loudness targets the command line takes, in LUFS.
+constexpr double kLowestTarget = -50.0;
+constexpr double kHighestTarget = -5.0;
 
 const char kHelp[] =
     "Usage: tonewright-cli INPUT -o OUTPUT.m4r [options]\n"
@@ -43,8 +46,10 @@ const char kHelp[] =
     "  --fade-in SECONDS     Fade in over whole seconds (default 0, none).\n"
     "  --fade-out SECONDS    Fade out over whole seconds (default 0, none).\n"
     "  --volume V            0..256, 100 leaves the level as it is (default 100).\n"
-    "                        As in the editor, the volume applies from the fade-in\n"
-    "                        to the fade-out, so it needs both fades.\n"
+    "                        Above 100 a limiter keeps the peaks from clipping.\n"
+    "  --loudness LUFS       Bring the ringtone to this loudness (for example -14),\n"
+    "                        limited to -1 dBTP; instead of --volume.\n"
+    "  --loud                The same as --loudness -11.\n"
     "\n"
     "Other:\n"
     "  -q, --quiet           No progress output.\n"
@@ -120,6 +125,8 @@ CliCommand parseCliArguments(const QStringList& arguments)
     const QCommandLineOption fadeIn("fade-in", "", "SECONDS");
     const QCommandLineOption fadeOut("fade-out", "", "SECONDS");
     const QCommandLineOption volume("volume", "", "V");
+    const QCommandLineOption loudness("loudness", "", "LUFS");
+    const QCommandLineOption loud("loud");
     const QCommandLineOption allowLong("allow-long");
     const QCommandLineOption force("force");
     const QCommandLineOption addToLibrary("add-to-library");
@@ -128,7 +135,8 @@ CliCommand parseCliArguments(const QStringList& arguments)
     const QCommandLineOption help(QStringList{"h", "help"});
     const QCommandLineOption version(QStringList{"v", "version"});
     parser.addOptions({output, directory, jobs, format, start, end, length, fadeIn, fadeOut, volume,
-                       allowLong, force, addToLibrary, quiet, verbose, help, version});
+                       loudness, loud, allowLong, force, addToLibrary, quiet, verbose, help,
+                       version});
     // --help and --version are answered even beside a mistake.
     const bool parsed = parser.parse(arguments);
     if (!parsed && !parser.isSet(help) && !parser.isSet(version)) {
@@ -223,6 +231,23 @@ CliCommand parseCliArguments(const QStringList& arguments)
                                       .arg(parser.value(volume))
                                       .arg(kMaxVolume));
 
+    if (parser.isSet(loudness) && parser.isSet(loud))
+        return refuse(kExitUsage, "give --loudness or --loud, not both");
+    if (parser.isSet(loudness)) {
+        bool ok = false;
+        o.loudnessLufs = parser.value(loudness).toDouble(&ok);
+        if (!ok || !(o.loudnessLufs >= kLowestTarget && o.loudnessLufs <= kHighestTarget))
+            return refuse(kExitUsage, QString("bad --loudness value '%1' (LUFS from %2 to %3)")
+                                          .arg(parser.value(loudness))
+                                          .arg(kLowestTarget)
+                                          .arg(kHighestTarget));
+    }
+    if (parser.isSet(loud))
+        o.loudnessLufs = kLoudLufs;
+    if (o.hasLoudness() && parser.isSet(volume))
+        return refuse(kExitUsage,
+                      "--volume and --loudness (or --loud) both set the level; give one");
+
     // What the options alone decide about the span; the input's length may
     // shorten it later.
     const long long span = o.requestedEndMs() - o.startMs;
@@ -241,12 +266,6 @@ CliCommand parseCliArguments(const QStringList& arguments)
                               "(--allow-long makes it all the same)")
                           .arg(span / 1000.0)
                           .arg(CRingtoneExport::format(o.kind).lengthLimitMs / 1000));
-    // The editor writes the volume into its temporary WAV over the faded
-    // span only (from the fade-in's start to the fade-out's end); without
-    // both fades it would change part of the ringtone or none of it.
-    if (o.volume != 100 && (o.fadeInSeconds == 0 || o.fadeOutSeconds == 0))
-        return refuse(kExitUsage, "--volume applies from the fade-in to the fade-out, as in the "
-                                  "editor: give --fade-in and --fade-out too");
     if (o.fadeInSeconds * 1000LL > span || o.fadeOutSeconds * 1000LL > span)
         return refuse(kExitUsage,
                       QString("a fade is longer than the ringtone (%1 s)").arg(span / 1000.0));
@@ -265,7 +284,10 @@ QStringList childArguments(const CliOptions& options, const QString& input, cons
         args << "--length" << QString::number(options.lengthMs / 1000.0, 'f', 3);
     args << "--fade-in" << QString::number(options.fadeInSeconds);
     args << "--fade-out" << QString::number(options.fadeOutSeconds);
-    args << "--volume" << QString::number(options.volume);
+    if (options.hasLoudness())
+        args << "--loudness" << QString::number(options.loudnessLufs, 'f', 2);
+    else
+        args << "--volume" << QString::number(options.volume);
     if (options.allowLong)
         args << "--allow-long";
     if (options.force)

@@ -23,6 +23,8 @@ struct CliOptions
     int fadeInSeconds = 0;   // 0: no fade
     int fadeOutSeconds = 0;
     int volume = 100; // 0..256, 100 = unchanged, as in the editor
+    // --loudness or --loud: the LUFS the ringtone is brought to; NaN for none.
+    double loudnessLufs = normalizeTarget(Normalize::Off);
     bool allowLong = false;
     bool force = false;
     bool addToLibrary = false;
@@ -32,6 +34,7 @@ struct CliOptions
     // --format, or the kind the -o file's extension names; iPhone otherwise.
     RingtoneKind kind = RingtoneKind::IphoneRingtone;
 
+    bool hasLoudness() const { return loudnessLufs == loudnessLufs; }
     // The end asked for: --end, or the start plus --length or the default.
     long long requestedEndMs() const;
 };

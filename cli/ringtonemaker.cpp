@@ -15,6 +15,7 @@
 #include <QTemporaryFile>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -25,6 +26,16 @@ constexpr int kViewWidth = 1000;
 QString seconds(long long ms)
 {
     return QString::number(ms / 1000.0, 'f', 1) + " s";
+}
+
+QString loudnessText(double lufs)
+{
+    return std::isfinite(lufs) ? QString::number(lufs, 'f', 1) + " LUFS" : QString("silent");
+}
+
+QString peakText(double dbtp)
+{
+    return std::isfinite(dbtp) ? QString::number(dbtp, 'f', 1) + " dBTP" : QString("no peak");
 }
 
 // Removes the editor's temporary WAV of a run, whatever became of the run.
@@ -193,6 +204,9 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     playback.enableFadeOut(m_options.fadeOutSeconds > 0);
     playback.setFadeOutLength(m_options.fadeOutSeconds);
     playback.setVolume(m_options.volume);
+    playback.setLoudnessTarget(m_options.loudnessLufs);
+    // The summary tells the ringtone's loudness, measured on the file.
+    ringtone.setMeasure(true);
 
     // A hidden name in the output's folder: the rename that ends the run is
     // then one step on one file system, and a failure leaves only this.
@@ -228,6 +242,9 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
 
     m_message = QString("%1: %2 to %3 (%4)")
                     .arg(output, formatTimeArg(begin), formatTimeArg(end), seconds(end - begin));
+    const CRingtoneExport::WrittenLevels& levels = ringtone.writtenLevels();
+    if (levels.measured)
+        m_message += QString(", %1, %2").arg(loudnessText(levels.lufs), peakText(levels.truePeak));
     if (m_options.addToLibrary && CRingtoneExport::addToLibrary(out.absoluteFilePath()) != 0) {
         m_message = QString("%1: written, but the library did not take it").arg(output);
         return kExitLibraryFailed;

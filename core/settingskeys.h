@@ -13,6 +13,9 @@ inline constexpr char kLanguage[] = "Language";
 // The key of the kind of ringtone "Start to Create" writes ("iphone", "ogg"...).
 inline constexpr char kRingtoneKind[] = "Ringtone/Kind";
 
+// The "Normalize" choice: "off", "standard" or "loud".
+inline constexpr char kRingtoneNormalize[] = "Ringtone/Normalize";
+
 inline constexpr char kProxyUse[] = "Proxy/useProxy";
 inline constexpr char kProxyHost[] = "Proxy/Host";
 inline constexpr char kProxyPort[] = "Proxy/Port";

@@ -1,6 +1,8 @@
 #include "editor/ringtoneexport.h"
 
+#include "audio/loudnessmeter.h"
 #include "editor/ringtonename.h"
+#include "editor/spanrender.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
@@ -11,6 +13,10 @@
 
 #include <QDebug>
 #include <QFile>
+#include <QtEndian>
+
+#include <cmath>
+#include <vector>
 
 #include <vexa.h>
 
@@ -117,34 +123,132 @@ int CRingtoneExport::exportTo(const QString& path)
     if (QFile::exists(path))
         QFile::remove(path);
 
-    if (m_playback.isOpen()) {
-        // Closing the engine writes the volume and the fades into the temporary WAV.
+    // The selection with its fades, read while the engine still knows the
+    // file's layout; the temporary WAV itself is only read.
+    CSpanRender span;
+    const bool haveSpan = span.read(spanLayout(m_playback.record()), m_io.getWavePath(),
+                                    m_model.beginTime(), m_model.endTime());
+    const LoudnessSettings settings = m_playback.loudnessSettings();
+    if (m_playback.isOpen())
         m_playback.closeForExport();
+    m_handedOver = false;
+    m_written = WrittenLevels();
+    if (!haveSpan) {
+        qWarning().noquote() << "convert m4r: the selection could not be read from"
+                             << m_io.getWavePath();
+        return -2;
     }
 
-    const RingtoneFormat& kind = format(m_kind);
-    const QByteArray src = m_io.getWavePath().toLocal8Bit();
-    const QByteArray dest = path.toLocal8Bit();
-    m_handedOver = false;
-    // The song's own artist when none was given (the render reads the
-    // temporary WAV, which has no tags).
+    // The song's own artist when none was given (the temporary WAV has no tags).
     QString artist = m_artist;
     if (artist.isEmpty()) {
         MediaStreams song;
         if (CTimeLineHelper::probe(m_io.getNode().strPath.toLocal8Bit().constData(), &song))
             artist = song.artist;
     }
-    int rc = CConvertWraper::instance()->convertTo(
-        src.constData(), dest.constData(), kind.container, kind.codec, kind.bitRate,
-        &m_io.progressWait(), m_model.beginTime(), m_model.endTime(),
-        ConvertTags{m_title.toUtf8(), artist.toUtf8()});
-    if (rc < 0)
-        return rc;
-    rc = m_io.waitPhase(0.5f, 0.0f, true);
+    const int rc = render(span, settings, path, ConvertTags{m_title.toUtf8(), artist.toUtf8()});
     if (rc < 0)
         return rc;
     if (m_exportOnly)
         return 0;
     m_handedOver = addToLibrary(path) == 0;
     return m_io.reload();
+}
+
+int CRingtoneExport::render(const CSpanRender& span, LoudnessSettings settings, const QString& path,
+                            const ConvertTags& tags)
+{
+    const RingtoneFormat& kind = format(m_kind);
+    const double target = settings.targetLufs;
+    SpanLevels levels = span.levels(settings);
+    // Gain only ever comes with the limiter; without it the samples are the
+    // song's own and need no check.
+    const bool gained = !levels.isIdentity() && (levels.gain > 1.0f || settings.hasTarget());
+    double lastLufs = -std::numeric_limits<double>::infinity();
+    for (int attempt = 1;; ++attempt) {
+        const int rc = encode(span, levels, path, tags);
+        if (rc < 0 || (!gained && !m_measure))
+            return rc;
+        m_written = measure(path);
+        if (!gained || !m_written.measured)
+            return rc;
+        const double over = m_written.truePeak - (kTruePeakCeilingDbtp - kMeterMarginDb);
+        const double off = settings.hasTarget() ? target - m_written.lufs : 0.0;
+        // A target the limiter cannot reach stops the chase once it no longer gains.
+        const bool chase = std::fabs(off) > kLoudnessRetryLu && attempt + 1 < kRenderAttempts &&
+                           std::fabs(m_written.lufs - lastLufs) > kLoudnessRetryLu;
+        lastLufs = m_written.lufs;
+        if ((over <= 0.0 && !chase) || attempt > kRenderAttempts)
+            return rc;
+        qDebug().noquote() << "convert m4r: the" << kind.key << "file measured" << m_written.lufs
+                           << "LUFS," << m_written.truePeak << "dBTP; rendering again";
+        if (over > 0.0 && attempt >= kRenderAttempts) {
+            // The last resort: the whole result goes down by what the peaks
+            // stand over (gain and ceiling together scale it exactly).
+            const double down = over + kMeterMarginDb;
+            settings.ceilingDbtp -= down;
+            levels = span.levelsAt(levels.gain * static_cast<float>(CLoudnessMeter::fromDb(-down)),
+                                   settings.ceilingDbtp);
+        } else if (over > 0.0) {
+            // The encoder's own peaks: the limiter holds them lower, at the
+            // same loudness.
+            settings.ceilingDbtp -= over + kMeterMarginDb;
+            levels = settings.hasTarget() ? span.levels(settings)
+                                          : span.levelsAt(levels.gain, settings.ceilingDbtp);
+        } else {
+            // The encoder moved the loudness: aim past the target by as much.
+            settings.targetLufs += off;
+            levels = span.levels(settings);
+        }
+    }
+}
+
+int CRingtoneExport::encode(const CSpanRender& span, const SpanLevels& levels, const QString& path,
+                            const ConvertTags& tags)
+{
+    const RingtoneFormat& kind = format(m_kind);
+    // The rendered selection goes to the encoder as a WAV of its own.
+    const QString spanWave = CWaveIo::newTempWavePath();
+    if (!span.writeWave(spanWave, levels)) {
+        QFile::remove(spanWave);
+        qWarning().noquote() << "convert m4r: cannot write" << spanWave;
+        return -2;
+    }
+    const QByteArray src = spanWave.toLocal8Bit();
+    const QByteArray dest = path.toLocal8Bit();
+    int rc = CConvertWraper::instance()->convertTo(src.constData(), dest.constData(),
+                                                   kind.container, kind.codec, kind.bitRate,
+                                                   &m_io.progressWait(), 0, 0, tags);
+    if (rc >= 0)
+        rc = m_io.waitPhase(0.5f, 0.0f, true);
+    QFile::remove(spanWave);
+    return rc;
+}
+
+CRingtoneExport::WrittenLevels CRingtoneExport::measure(const QString& path)
+{
+    WrittenLevels levels;
+    const QString decoded = CWaveIo::newTempWavePath();
+    const QByteArray src = path.toLocal8Bit();
+    const QByteArray dest = decoded.toLocal8Bit();
+    if (CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
+                                              KELO_CODEC_PCM_S16LE, kEditorBitRate,
+                                              &m_io.progressWait()) >= 0 &&
+        m_io.waitPhase(0.0f, 0.5f, true) >= 0) {
+        // The engine's WAVs: the plain 44-byte header, 16-bit stereo.
+        QFile file(decoded);
+        if (file.open(QIODevice::ReadOnly) && file.seek(44)) {
+            CLoudnessMeter meter(2, KELO_OUTPUT_SAMPLE_RATE);
+            const QByteArray data = file.readAll();
+            std::vector<short> samples(static_cast<std::size_t>(data.size()) / 2);
+            for (std::size_t i = 0; i < samples.size(); ++i)
+                samples[i] = qFromLittleEndian<qint16>(data.constData() + 2 * i);
+            meter.add(samples.data(), samples.size() / 2);
+            levels.lufs = meter.integrated();
+            levels.truePeak = meter.truePeak();
+            levels.measured = !samples.empty();
+        }
+    }
+    QFile::remove(decoded);
+    return levels;
 }

@@ -8,9 +8,14 @@
 // library. Asking the user anything is the caller's business. Borrows the
 // editor's parts; GUI thread (the wait keeps the event loop turning).
 
+#include "editor/spanrender.h"
+
 #include <QString>
 
+#include <limits>
+
 class CWaveIo;
+struct ConvertTags;
 class CWaveModel;
 class CWavePlayback;
 
@@ -87,7 +92,29 @@ public:
     // makes one ringtone a run and adds it itself when asked.
     void setExportOnly(bool on) { m_exportOnly = on; }
 
+    // The loudness and true peak of a written file, as decoded again.
+    struct WrittenLevels
+    {
+        bool measured = false;
+        double lufs = -std::numeric_limits<double>::infinity();
+        double truePeak = -std::numeric_limits<double>::infinity();
+    };
+    // Measure every ringtone written (the command line prints it); without
+    // this only a ringtone with gain is measured, to check its peaks.
+    void setMeasure(bool on) { m_measure = on; }
+    // What the last export measured of its file (measured false when it did not).
+    const WrittenLevels& writtenLevels() const { return m_written; }
+
 private:
+    // Renders, encodes and, with gain, checks the written file, rendering
+    // again (at most kRenderAttempts times in all) when the encoder pushed
+    // its peaks over the ceiling or moved its loudness off the target.
+    int render(const CSpanRender& span, LoudnessSettings settings, const QString& path,
+               const ConvertTags& tags);
+    int encode(const CSpanRender& span, const SpanLevels& levels, const QString& path,
+               const ConvertTags& tags);
+    WrittenLevels measure(const QString& path);
+
     CWaveModel& m_model;
     CWavePlayback& m_playback;
     CWaveIo& m_io;
@@ -96,4 +123,13 @@ private:
     QString m_artist;
     bool m_exportOnly = false;
     bool m_handedOver = false;
+    bool m_measure = false;
+    WrittenLevels m_written;
 };
+
+// Renders of one ringtone at most, when the encoder's peaks or loudness miss.
+constexpr int kRenderAttempts = 5;
+// Room kept for the difference between meters (ours and another's) on peaks.
+constexpr double kMeterMarginDb = 0.2;
+// A written loudness this far off its target is rendered again.
+constexpr double kLoudnessRetryLu = 0.25;

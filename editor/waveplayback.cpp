@@ -72,16 +72,56 @@ long long CWavePlayback::enginePos()
 
 void CWavePlayback::applyEffect(bool on)
 {
+    putFades(&wave, on);
+}
+
+tagWaveInfo CWavePlayback::exportLayout() const
+{
+    tagWaveInfo layout = spanLayout(wave);
+    putFades(&layout, true);
+    return layout;
+}
+
+void CWavePlayback::putFades(tagWaveInfo* record, bool on) const
+{
     // Whole seconds: the engine places fades at second boundaries.
     if (on && fadeInOn)
-        WaveHelperFadeIn(&wave, static_cast<int>(m_model.beginTime() / 1000), fadeInLength);
+        WaveHelperFadeIn(record, static_cast<int>(m_model.beginTime() / 1000), fadeInLength);
     else
-        WaveHelperFadeIn(&wave, -1, 0);
+        WaveHelperFadeIn(record, -1, 0);
     if (on && fadeOutOn)
-        WaveHelperFadeOut(&wave, static_cast<int>(m_model.endTime() / 1000 - fadeOutLength),
+        WaveHelperFadeOut(record, static_cast<int>(m_model.endTime() / 1000 - fadeOutLength),
                           fadeOutLength);
     else
-        WaveHelperFadeOut(&wave, -1, 0);
+        WaveHelperFadeOut(record, -1, 0);
+}
+
+LoudnessSettings CWavePlayback::loudnessSettings() const
+{
+    LoudnessSettings settings;
+    settings.volume = wave.volume;
+    settings.targetLufs = m_target;
+    return settings;
+}
+
+void CWavePlayback::setPreviewLevels(std::shared_ptr<const SpanLevels> levels)
+{
+    // Off the engine before the old levels may go.
+    WaveHelperSetGain(&wave, nullptr);
+    m_levels = std::move(levels);
+    installGain();
+}
+
+void CWavePlayback::installGain()
+{
+    const bool use = bPreview && m_levels && !m_levels->isIdentity() && wave.frameBytes != 0;
+    if (use) {
+        m_gain.firstFrame = m_levels->firstFrame;
+        m_gain.frames = m_levels->frames;
+        m_gain.gain = m_levels->gain;
+        m_gain.envelope = m_levels->envelope.empty() ? nullptr : m_levels->envelope.data();
+    }
+    WaveHelperSetGain(&wave, use ? &m_gain : nullptr);
 }
 
 void CWavePlayback::setVolume(int volume)
@@ -114,6 +154,7 @@ bool CWavePlayback::isTimerActive() const
 void CWavePlayback::do_play()
 {
     applyEffect(bPreview);
+    installGain();
     if (WaveHelperPlay(&wave) == 0) {
         // It was playing: the engine toggled to pause.
         pause();

@@ -8,9 +8,12 @@
 // callback reads the record from the audio thread under SDL's audio lock.
 
 #include "audio/wavehelper.h"
+#include "editor/spanrender.h"
 
 #include <QObject>
 #include <QString>
+
+#include <memory>
 
 class CWaveModel;
 class QTimer;
@@ -57,12 +60,25 @@ public:
     bool isFadeOutOn() const { return fadeOutOn; }
     // Puts the enabled fades on the engine, in whole seconds, or takes them off.
     void applyEffect(bool on);
+    // The record's layout with the fades the export puts on it (spanLayout),
+    // whether or not they are on the engine now.
+    tagWaveInfo exportLayout() const;
     // 0..256, clamped; no signal.
     void setVolume(int volume);
     // Steps of 10 that end on 256 from 246 and on 0 from 10; volumeChange.
     void volumeAdd();
     void volumeReduce();
     int volume() const { return wave.volume; }
+    // The loudness the selection is brought to (LUFS), NaN for none: the
+    // volume alone sets the gain then.
+    void setLoudnessTarget(double lufs) { m_target = lufs; }
+    double loudnessTarget() const { return m_target; }
+    // Volume and target, as the export and the levels use them.
+    LoudnessSettings loudnessSettings() const;
+    // The selection's gain and limiter factors, which preview plays as the
+    // export writes them; nullptr for none (the volume alone, as in play).
+    void setPreviewLevels(std::shared_ptr<const SpanLevels> levels);
+    const SpanLevels* previewLevels() const { return m_levels.get(); }
 
     // --- playing -------------------------------------------------------------
     bool isPreview() const { return bPreview; }
@@ -105,4 +121,12 @@ private:
     bool fadeInOn;
     int fadeInLength;
     int fadeOutLength;
+    double m_target = normalizeTarget(Normalize::Off);
+    // Kept alive while the engine may read it.
+    std::shared_ptr<const SpanLevels> m_levels;
+    tagWaveGain m_gain{};
+    // Sets the enabled fades on a record, or takes them off.
+    void putFades(tagWaveInfo* record, bool on) const;
+    // Puts the preview gain on the engine while previewing, else takes it off.
+    void installGain();
 };

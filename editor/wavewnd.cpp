@@ -6,6 +6,7 @@
 #include "editor/wavewnd.h"
 
 #include "editor/ringtoneexport.h"
+#include "editor/selectionlevels.h"
 #include "editor/wavecolumns.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
@@ -16,6 +17,8 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QShowEvent>
+
+#include <limits>
 
 namespace {
 
@@ -36,6 +39,7 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
       m_playback(std::make_unique<CWavePlayback>(*m_model)),
       m_io(std::make_unique<CWaveIo>(*m_playback, progressWait)),
       m_export(std::make_unique<CRingtoneExport>(*m_model, *m_playback, *m_io)),
+      m_levels(std::make_unique<CSelectionLevels>()),
       points(new QPoint[CWaveColumns::kPointCount]())
 {
     m_model->setViewWidthSource([this] { return width(); });
@@ -51,6 +55,12 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
     connect(p, &CWavePlayback::volumeChange, this, &CWaveWnd::volumeChange);
     connect(p, &CWavePlayback::scrolled, this, [this](int x) { scrollBar->setValue(x); });
     connect(p, &CWavePlayback::changed, this, qOverload<>(&QWidget::update));
+    connect(p, &CWavePlayback::volumeChange, this, &CWaveWnd::refreshLevels);
+    connect(m_levels.get(), &CSelectionLevels::measuring, this, [this] {
+        const double unknown = std::numeric_limits<double>::quiet_NaN();
+        emit loudnessChange(unknown, unknown);
+    });
+    connect(m_levels.get(), &CSelectionLevels::measured, this, &CWaveWnd::levelsMeasured);
 }
 
 // The parts go first (the engine is closed then), without signals while dying.
@@ -66,6 +76,7 @@ int CWaveWnd::drawHeight() const
 void CWaveWnd::emitSelectChange()
 {
     emit selectChange(toTime(m_model->beginTime()), toTime(m_model->endTime()));
+    refreshLevels();
 }
 
 void CWaveWnd::scrollBy(int step)
@@ -140,21 +151,25 @@ int CWaveWnd::getPageLength()
 void CWaveWnd::fadeIn(int n)
 {
     m_playback->setFadeInLength(n);
+    refreshLevels();
 }
 
 void CWaveWnd::fadeOut(int n)
 {
     m_playback->setFadeOutLength(n);
+    refreshLevels();
 }
 
 void CWaveWnd::enableFadeIn(bool on)
 {
     m_playback->enableFadeIn(on);
+    refreshLevels();
 }
 
 void CWaveWnd::enableFadeOut(bool on)
 {
     m_playback->enableFadeOut(on);
+    refreshLevels();
 }
 
 void CWaveWnd::applyEffect(bool on)
@@ -165,6 +180,38 @@ void CWaveWnd::applyEffect(bool on)
 void CWaveWnd::setVolume(int volume)
 {
     m_playback->setVolume(volume);
+    refreshLevels();
+}
+
+void CWaveWnd::setLoudnessTarget(double lufs)
+{
+    m_playback->setLoudnessTarget(lufs);
+    refreshLevels();
+}
+
+void CWaveWnd::refreshLevels()
+{
+    if (!m_playback->isOpen()) {
+        m_levels->clear();
+        return;
+    }
+    LevelsRequest request;
+    request.path = m_io->getWavePath();
+    request.wave = m_playback->exportLayout();
+    request.beginMs = m_model->beginTime();
+    request.endMs = m_model->endTime();
+    request.settings = m_playback->loudnessSettings();
+    m_levels->request(request);
+}
+
+void CWaveWnd::levelsMeasured()
+{
+    const std::shared_ptr<const SpanLevels> levels = m_levels->current();
+    if (!levels)
+        return;
+    // Preview plays the selection as the export will write it.
+    m_playback->setPreviewLevels(levels);
+    emit loudnessChange(levels->lufs, levels->truePeak);
 }
 
 void CWaveWnd::volumeAdd()
@@ -300,6 +347,8 @@ int CWaveWnd::initWave()
 void CWaveWnd::closeWave()
 {
     m_playback->close();
+    m_levels->clear();
+    m_playback->setPreviewLevels(nullptr);
 }
 
 // --- playback ----------------------------------------------------------------

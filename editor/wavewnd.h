@@ -26,6 +26,7 @@
 
 class CProgressWait;
 class CRingtoneExport;
+class CSelectionLevels;
 class CWaveIo;
 class CWaveModel;
 class CWavePlayback;
@@ -61,6 +62,12 @@ public:
     CWavePlayback& playback() { return *m_playback; }
     CWaveIo& io() { return *m_io; }
     CRingtoneExport& ringtoneExport() { return *m_export; }
+    CSelectionLevels& selectionLevels() { return *m_levels; }
+
+    // --- loudness ---
+    // The loudness the selection is brought to (LUFS), NaN for none (the
+    // volume alone). The selection's figures follow with loudnessChange.
+    void setLoudnessTarget(double lufs);
     QScrollBar* scrollBarWidget() const { return scrollBar; }
 
     // --- selection, times and zoom ---
@@ -109,6 +116,9 @@ signals:
     void volumeChange(int volume);
     void zoomChange(float factor);
     void playPosChange(long long pos);
+    // The selection's loudness (LUFS) and true peak (dBTP) as it will be
+    // written; NaN for both while they are worked out, -infinity for silence.
+    void loudnessChange(double lufs, double truePeak);
     void onPlay(long long pos, bool bPreview);
     void onPause(bool bPreview);
     void onStop();
@@ -155,6 +165,9 @@ private:
     // The drawing height: the scroll bar lies over the bottom edge.
     int drawHeight() const;
     void emitSelectChange();
+    // Asks for the selection's loudness anew (the export's settings changed).
+    void refreshLevels();
+    void levelsMeasured();
     // Moves the scroll bar by a gesture's step (which scrolls the view).
     void scrollBy(int step);
 
@@ -164,5 +177,6 @@ private:
     std::unique_ptr<CWavePlayback> m_playback;
     std::unique_ptr<CWaveIo> m_io;
     std::unique_ptr<CRingtoneExport> m_export;
+    std::unique_ptr<CSelectionLevels> m_levels;
     std::unique_ptr<QPoint[]> points;
 };

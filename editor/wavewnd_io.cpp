@@ -39,6 +39,8 @@ int CWaveWnd::reload()
 int CWaveWnd::convertToM4r(QString m4rPath)
 {
     const int rc = m_export->exportTo(m4rPath);
+    // The export went on a new temporary WAV.
+    refreshLevels();
     update();
     return rc;
 }

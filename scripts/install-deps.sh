@@ -11,6 +11,7 @@ PACKAGES=(
   libsdl2-dev
   libavformat-dev libavcodec-dev libavutil-dev libswresample-dev libswscale-dev ffmpeg
   libtag1-dev
+  libebur128-dev
   libcurl4-openssl-dev
   xvfb xauth
   fonts-dejavu-core fonts-wqy-microhei

@@ -118,6 +118,13 @@ public slots:
     bool askTryAgain(const CRingToneNode& song, SourceProblem problem);
     // The kind of ringtone chosen beside the create button.
     RingtoneKind chosenKind() const;
+    // The "Normalize" choice changed: the editor's target and the volume
+    // controls (which the target replaces) follow; remembered.
+    void normalizeChosen();
+    // The editor's figures for the selection (NaN while they are worked out).
+    void loudnessChanged(double lufs, double truePeak);
+    // Shows the last figures in the current language.
+    void showLoudness();
     // Ticks the language whose texts are installed.
     void checkCurrentLanguage();
 
@@ -204,6 +211,12 @@ private:
     QTimeEdit* m_endTime = nullptr;
     QPushButton* m_startBtn = nullptr;
     QComboBox* m_kindCombo = nullptr;
+    QLabel* m_normalizeLabel = nullptr;
+    QComboBox* m_normalizeCombo = nullptr;
+    QLabel* m_loudnessLabel = nullptr;
+    double m_lufs = 0.0; // the figures shown, NaN while measuring
+    double m_truePeak = 0.0;
+    bool m_haveLoudness = false; // a song is open
     CRingtoneNotice* m_notice = nullptr;
     QToolButton* m_twitterBtn = nullptr;
     QToolButton* m_facebookBtn = nullptr;

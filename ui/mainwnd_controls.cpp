@@ -36,6 +36,7 @@
 #include <QTimeEdit>
 #include <QToolButton>
 #include <QUrl>
+#include <cmath>
 
 namespace {
 
@@ -224,6 +225,34 @@ QWidget* CMainWnd::CreateSetingWidget(QWidget* parent)
         QSettings().setValue(settingskeys::kRingtoneKind, m_kindCombo->currentData().toString());
     });
 
+    // Normalize and the selection's loudness, under the times; remembered.
+    auto* loudness = new QHBoxLayout;
+    loudness->setObjectName("loudnessLayout");
+    m_normalizeLabel = new QLabel(bar);
+    m_normalizeLabel->setObjectName("normalizeLabel");
+    m_normalizeCombo = new QComboBox(bar);
+    m_normalizeCombo->setObjectName("normalizeCombo");
+    m_normalizeLabel->setBuddy(m_normalizeCombo);
+    // The texts come from retranslate(); the keys are what the settings keep.
+    for (const char* key : {"off", "standard", "loud"})
+        m_normalizeCombo->addItem(QString(), QString::fromLatin1(key));
+    const int savedNormalize =
+        m_normalizeCombo->findData(QSettings().value(settingskeys::kRingtoneNormalize).toString());
+    m_normalizeCombo->setCurrentIndex(std::max(savedNormalize, 0));
+    m_loudnessLabel = new QLabel(bar);
+    m_loudnessLabel->setObjectName("loudnessLabel");
+    loudness->addWidget(m_normalizeLabel);
+    loudness->addWidget(m_normalizeCombo);
+    loudness->addWidget(m_loudnessLabel, 1);
+    grid->addLayout(loudness, 2, 1, 1, 2);
+    connect(m_normalizeCombo, &QComboBox::currentIndexChanged, this, [this] {
+        QSettings().setValue(settingskeys::kRingtoneNormalize,
+                             m_normalizeCombo->currentData().toString());
+        normalizeChosen();
+    });
+    connect(m_waveWnd, &CWaveWnd::loudnessChange, this, &CMainWnd::loudnessChanged);
+    normalizeChosen();
+
     auto* share = new QHBoxLayout;
     m_twitterBtn = new QToolButton(bar);
     m_twitterBtn->setObjectName("twitter");
@@ -233,7 +262,7 @@ QWidget* CMainWnd::CreateSetingWidget(QWidget* parent)
     m_facebookBtn->setFocusPolicy(Qt::NoFocus);
     share->addWidget(m_twitterBtn);
     share->addWidget(m_facebookBtn);
-    grid->addLayout(share, 2, 0, 2, 1, Qt::AlignLeft);
+    grid->addLayout(share, 2, 0, 1, 1, Qt::AlignLeft);
 
     grid->setColumnStretch(0, 2);
     grid->setColumnStretch(1, 2);
@@ -318,6 +347,53 @@ void CMainWnd::zoomChanged(float fv)
 {
     const QSignalBlocker blocker(m_zoomSlider);
     m_zoomSlider->setValue(int(fv * kZoomSliderScale));
+}
+
+void CMainWnd::normalizeChosen()
+{
+    const Normalize choice = static_cast<Normalize>(std::max(m_normalizeCombo->currentIndex(), 0));
+    m_waveWnd->setLoudnessTarget(normalizeTarget(choice));
+    // The target sets the gain: the volume has no say while it is on.
+    const bool volumeFree = choice == Normalize::Off;
+    for (QWidget* w : {static_cast<QWidget*>(m_volumeSlider), static_cast<QWidget*>(m_volumeAddBtn),
+                       static_cast<QWidget*>(m_volumeReduceBtn)})
+        if (w)
+            w->setEnabled(volumeFree);
+}
+
+void CMainWnd::loudnessChanged(double lufs, double truePeak)
+{
+    m_lufs = lufs;
+    m_truePeak = truePeak;
+    m_haveLoudness = true;
+    showLoudness();
+}
+
+void CMainWnd::showLoudness()
+{
+    if (!m_loudnessLabel)
+        return;
+    if (!m_haveLoudness) {
+        m_loudnessLabel->clear();
+        m_loudnessLabel->setToolTip(QString());
+        return;
+    }
+    // A typographic minus, as loudness figures are printed.
+    const auto figure = [](double v) {
+        return QString::number(v, 'f', 1).replace(QLatin1Char('-'), QChar(0x2212));
+    };
+    if (std::isnan(m_lufs)) {
+        m_loudnessLabel->setText(tr("Measuring…"));
+        m_loudnessLabel->setToolTip(QString());
+    } else if (!std::isfinite(m_lufs)) {
+        m_loudnessLabel->setText(tr("Silent"));
+        m_loudnessLabel->setToolTip(QString());
+    } else {
+        m_loudnessLabel->setText(tr("%1 LUFS").arg(figure(m_lufs)));
+        m_loudnessLabel->setToolTip(
+            tr("Loudness of the selection as it will be written; true peak %1 dBTP")
+                .arg(figure(m_truePeak)));
+    }
 }
 
 void CMainWnd::volumeChanged(int n)

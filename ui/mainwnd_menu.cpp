@@ -167,6 +167,15 @@ void CMainWnd::retranslate()
             m_kindCombo->setItemText(
                 i, QCoreApplication::translate("CRingtoneExport", formats[i].label));
     }
+    if (m_normalizeCombo) {
+        m_normalizeLabel->setText(tr("&Normalize"));
+        m_normalizeCombo->setItemText(0, tr("Off"));
+        m_normalizeCombo->setItemText(1, tr("Standard (−14 LUFS)"));
+        m_normalizeCombo->setItemText(2, tr("Loud (−11 LUFS)"));
+        m_normalizeCombo->setToolTip(
+            tr("Sets the gain so that the ringtone plays at a chosen loudness, without clipping"));
+        showLoudness();
+    }
     if (m_libraryModel)
         m_libraryModel->retranslate();
     m_helpMenu->setTitle(tr("Help"));

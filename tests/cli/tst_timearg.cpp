@@ -114,7 +114,7 @@ private slots:
         QTest::newRow("no output") << QStringList{"in.mp3"} << int(kExitUsage);
         QTest::newRow("-o and -d") << (io + QStringList{"-d", "dir"}) << int(kExitUsage);
         QTest::newRow("two inputs, -o") << QStringList{"a", "b", "-o", "x.m4r"} << int(kExitUsage);
-        QTest::newRow("unknown option") << (io + QStringList{"--loud"}) << int(kExitUsage);
+        QTest::newRow("unknown option") << (io + QStringList{"--louder"}) << int(kExitUsage);
         QTest::newRow("missing value") << QStringList{"in.mp3", "-o"} << int(kExitUsage);
         QTest::newRow("bad start") << (io + QStringList{"--start", "x"}) << int(kExitUsage);
         QTest::newRow("bad end") << (io + QStringList{"--end", "1:99"}) << int(kExitUsage);
@@ -125,10 +125,18 @@ private slots:
         QTest::newRow("volume over 256")
             << (io + QStringList{"--volume", "257"}) << int(kExitUsage);
         QTest::newRow("negative volume") << (io + QStringList{"--volume", "-1"}) << int(kExitUsage);
-        QTest::newRow("volume without fades")
-            << (io + QStringList{"--volume", "120"}) << int(kExitUsage);
-        QTest::newRow("volume with one fade")
-            << (io + QStringList{"--volume", "120", "--fade-out", "2"}) << int(kExitUsage);
+        QTest::newRow("loudness and loud")
+            << (io + QStringList{"--loudness", "-14", "--loud"}) << int(kExitUsage);
+        QTest::newRow("loudness and volume")
+            << (io + QStringList{"--loudness", "-14", "--volume", "120"}) << int(kExitUsage);
+        QTest::newRow("loud and volume")
+            << (io + QStringList{"--loud", "--volume", "100"}) << int(kExitUsage);
+        QTest::newRow("loudness too high")
+            << (io + QStringList{"--loudness", "-2"}) << int(kExitUsage);
+        QTest::newRow("loudness too low")
+            << (io + QStringList{"--loudness", "-70"}) << int(kExitUsage);
+        QTest::newRow("loudness not a number")
+            << (io + QStringList{"--loudness", "loud"}) << int(kExitUsage);
         QTest::newRow("volume not a number")
             << (io + QStringList{"--volume", "loud"}) << int(kExitUsage);
         QTest::newRow("fractional fade")
@@ -176,8 +184,31 @@ private slots:
         QCOMPARE(parse(io + fades + QStringList{"--volume", "0"}).action, CliCommand::Run);
         QCOMPARE(parse(io + fades + QStringList{"--volume", "256"}).action, CliCommand::Run);
         QCOMPARE(parse(io + QStringList{"--volume", "100"}).action, CliCommand::Run);
+        // The volume applies to the whole span, with fades or without.
+        QCOMPARE(parse(io + QStringList{"--volume", "120"}).action, CliCommand::Run);
+        QCOMPARE(parse(io + QStringList{"--volume", "60", "--fade-out", "2"}).action,
+                 CliCommand::Run);
         QCOMPARE(parse(io + QStringList{"--length", "10", "--fade-in", "10"}).action,
                  CliCommand::Run);
+        QCOMPARE(parse(io + QStringList{"--loudness", "-50"}).options.loudnessLufs, -50.0);
+        QCOMPARE(parse(io + QStringList{"--loudness", "-5"}).options.loudnessLufs, -5.0);
+        QCOMPARE(parse(io + QStringList{"--loudness", "-14.5"}).options.loudnessLufs, -14.5);
+        QCOMPARE(parse(io + QStringList{"--loud"}).options.loudnessLufs, -11.0);
+        QVERIFY(!parse(io).options.hasLoudness());
+    }
+
+    void shouldHandAChildRunTheLoudnessTarget()
+    {
+        const CliCommand c = parse({"x", "-d", "dir", "--loudness", "-16.25"});
+        QCOMPARE(c.action, CliCommand::Run);
+        const CliCommand child = parse(childArguments(c.options, "in.mp3", "dir/in.m4r"));
+        QCOMPARE(child.action, CliCommand::Run);
+        QCOMPARE(child.options.loudnessLufs, -16.25);
+        // Without a target the child gets the volume and no target.
+        const CliCommand plain = parse({"x", "-d", "dir", "--volume", "90"});
+        const CliCommand plainChild = parse(childArguments(plain.options, "in.mp3", "dir/in.m4r"));
+        QVERIFY(!plainChild.options.hasLoudness());
+        QCOMPARE(plainChild.options.volume, 90);
     }
 
     void shouldAnswerHelpAndVersionEvenBesideMistakes()
@@ -190,8 +221,8 @@ private slots:
         const QString help = cliHelpText();
         for (const char* option :
              {"--output", "--directory", "--jobs", "--force", "--add-to-library", "--start",
-              "--end", "--length", "--allow-long", "--fade-in", "--fade-out", "--volume", "--quiet",
-              "--verbose", "--help", "--version"})
+              "--end", "--length", "--allow-long", "--fade-in", "--fade-out", "--volume",
+              "--loudness", "--loud", "--quiet", "--verbose", "--help", "--version"})
             QVERIFY2(help.contains(option), option);
         QVERIFY(help.contains("--format"));
         for (int code = kExitOk; code <= kExitNotMedia; ++code)

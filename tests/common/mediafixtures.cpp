@@ -13,6 +13,12 @@ namespace tw {
 QString fixtureDir()
 {
     static QTemporaryDir dir(QDir::tempPath() + "/tw-media-XXXXXX");
+    // For looking into a failure: TW_KEEP_FIXTURES=1 keeps the folder.
+    static const bool keep = [] {
+        dir.setAutoRemove(!qEnvironmentVariableIsSet("TW_KEEP_FIXTURES"));
+        return true;
+    }();
+    Q_UNUSED(keep);
     return dir.path();
 }
 
