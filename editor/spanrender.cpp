@@ -171,7 +171,8 @@ SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
     // last step (in dB), which is 1 without limiting and less with it.
     CPeakLimiter limiter(m_channels, m_rate);
     limiter.analyse(s.x.data(), s.x.size() / m_channels);
-    const float ceiling = static_cast<float>(CLoudnessMeter::fromDb(settings.ceilingDbtp));
+    const float ceiling =
+        static_cast<float>(CLoudnessMeter::fromDb(settings.ceilingDbtp - kLimiterEstimateMarginDb));
     double gainDb = std::min(settings.targetLufs - unit, kMaxNormalizeGainDb);
     double lastGainDb = 0.0;
     double lastLufs = unit;
@@ -221,7 +222,8 @@ SpanLevels CSpanRender::finish(const Signal& s, float gain, bool limit, double c
         if (!analysed)
             own.analyse(s.x.data(), static_cast<std::size_t>(result.frames));
         const CPeakLimiter& limiter = analysed ? *analysed : own;
-        if (!limiter.envelope(gain, static_cast<float>(CLoudnessMeter::fromDb(ceilingDbtp)),
+        const double held = ceilingDbtp - kLimiterEstimateMarginDb;
+        if (!limiter.envelope(gain, static_cast<float>(CLoudnessMeter::fromDb(held)),
                               &result.envelope))
             result.envelope.clear();
     }

@@ -31,6 +31,10 @@ constexpr double kLoudLufs = -11.0;
 constexpr double kTruePeakCeilingDbtp = -1.0;
 // Where the limiter holds peaks before encoding: lossy encoders add peaks.
 constexpr double kLimiterCeilingDbtp = -2.0;
+// The limiter holds its own true-peak estimate this far under its ceiling:
+// the meters' interpolators (and the movement of the gain itself) read up
+// to about this much higher.
+constexpr double kLimiterEstimateMarginDb = 0.25;
 // Normalising never raises a selection by more than this.
 constexpr double kMaxNormalizeGainDb = 40.0;
 
