@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>Die Auswahl ist %1 Sekunden lang. Telefone lehnen diese Art von Klingelton ab, wenn er länger als %2 Sekunden ist.&lt;br&gt;Trotzdem erstellen?</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Wird gemessen…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Stille</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>Lautheit der Auswahl, wie sie geschrieben wird; True Peak %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>&amp;Normalisieren</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>Standard (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>Laut (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>Stellt die Verstärkung so ein, dass der Klingelton in der gewählten Lautheit spielt, ohne Übersteuerung</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Measuring…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Silent</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>Loudness of the selection as it will be written; true peak %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>&amp;Normalize</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Off</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>Standard (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>Loud (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

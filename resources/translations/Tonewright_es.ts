@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>La selección dura %1 segundos. Los teléfonos rechazan este tipo de tono si dura más de %2 segundos.&lt;br&gt;¿Crearlo de todos modos?</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Midiendo…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Silencio</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>Sonoridad de la selección tal como se escribirá; pico real %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>&amp;Normalizar</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Desactivado</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>Estándar (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>Alto (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>Ajusta la ganancia para que el tono suene con la sonoridad elegida, sin saturar</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>La sélection dure %1 secondes. Les téléphones refusent ce type de sonnerie au-delà de %2 secondes.&lt;br&gt;La créer quand même ?</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Mesure…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Silencieux</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>Sonie de la sélection telle qu’elle sera écrite ; crête vraie %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>&amp;Normaliser</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Désactivé</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>Standard (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>Fort (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>Règle le gain pour que la sonnerie ait la sonie choisie, sans saturation</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

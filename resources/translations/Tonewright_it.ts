@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>La selezione dura %1 secondi. I telefoni rifiutano questo tipo di suoneria se supera i %2 secondi.&lt;br&gt;Crearla comunque?</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Misurazione…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Silenzio</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>Loudness della selezione come verrà scritta; picco reale %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>&amp;Normalizza</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Disattivato</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>Standard (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>Alto (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>Imposta il guadagno perché la suoneria abbia la loudness scelta, senza distorsione</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

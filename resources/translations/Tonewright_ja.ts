@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>選択範囲は %1 秒です。この種類の着信音は %2 秒を超えると電話機で使えません。&lt;br&gt;それでも作成しますか？</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>測定中…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>無音</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>書き出される選択範囲のラウドネス。トゥルーピーク %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>ノーマライズ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>標準 (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>大きめ (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>着信音が選んだラウドネスになるようにゲインを設定します（クリップなし）</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>De selectie duurt %1 seconden. Telefoons weigeren dit soort beltoon als die langer is dan %2 seconden.&lt;br&gt;Toch maken?</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Meten…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>Luidheid van de selectie zoals die wordt geschreven; true peak %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>&amp;Normaliseren</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Uit</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>Standaard (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>Luid (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>Stelt de versterking zo in dat de beltoon op de gekozen luidheid speelt, zonder oversturing</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -334,6 +334,42 @@
         <source>The selection is %1 seconds long. Phones refuse this kind of ringtone when it is longer than %2 seconds.&lt;br&gt;Create it anyway?</source>
         <translation>所选片段长 %1 秒。此类铃声超过 %2 秒时手机会拒绝使用。&lt;br&gt;仍要创建吗？</translation>
     </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>正在测量…</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>静音</translation>
+    </message>
+    <message>
+        <source>%1 LUFS</source>
+        <translation>%1 LUFS</translation>
+    </message>
+    <message>
+        <source>Loudness of the selection as it will be written; true peak %1 dBTP</source>
+        <translation>选区写出后的响度；真峰值 %1 dBTP</translation>
+    </message>
+    <message>
+        <source>&amp;Normalize</source>
+        <translation>标准化(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Standard (−14 LUFS)</source>
+        <translation>标准 (−14 LUFS)</translation>
+    </message>
+    <message>
+        <source>Loud (−11 LUFS)</source>
+        <translation>响亮 (−11 LUFS)</translation>
+    </message>
+    <message>
+        <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
+        <translation>调整增益，使铃声达到所选响度且不削波</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

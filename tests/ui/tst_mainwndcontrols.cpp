@@ -11,6 +11,7 @@
 #include "engine/platformfolders.h"
 #include "engine/timeconvert.h"
 #include "library/ItunesWrap.h"
+#include "loudsongs.h"
 #include "mainwndfixture.h"
 #include "mediafixtures.h"
 #include "modalanswer.h"
@@ -101,6 +102,19 @@ private slots:
         for (const QString& name : cache.entryList(made, QDir::Files))
             cache.remove(name);
         QSettings().remove("Ringtone/Kind");
+        QSettings().remove("Ringtone/Normalize");
+    }
+
+    // The number of the footer's loudness ("−17.2 LUFS"); NaN when it shows none.
+    double shownLoudness() const
+    {
+        QString text = get<QLabel>("loudnessLabel")->text();
+        if (!text.endsWith(" LUFS"))
+            return std::nan("");
+        text.chop(5);
+        bool ok = false;
+        const double v = text.replace(QChar(0x2212), QLatin1Char('-')).toDouble(&ok);
+        return ok ? v : std::nan("");
     }
 
     void shouldWaitWithDefaultsBeforeAFileOpens()
@@ -138,6 +152,76 @@ private slots:
         QCOMPARE(labels, QStringList({"iPhone ringtone", "iPhone alert tone", "Android (Ogg)",
                                       "Android (MP3)", "AAC audio (.m4a)"}));
         QCOMPARE(kinds->currentData().toString(), QString("iphone"));
+        auto* normalize = get<QComboBox>("normalizeCombo");
+        QStringList choices;
+        for (int i = 0; i < normalize->count(); ++i)
+            choices << normalize->itemText(i);
+        QCOMPARE(choices, QStringList({"Off", QString::fromUtf8("Standard (\u221214 LUFS)"),
+                                       QString::fromUtf8("Loud (\u221211 LUFS)")}));
+        QCOMPARE(normalize->currentData().toString(), QString("off"));
+        QCOMPARE(get<QLabel>("normalizeLabel")->buddy(), normalize);
+        QCOMPARE(get<QLabel>("loudnessLabel")->text(), QString());
+        QVERIFY(get<QSlider>("volumeSlider")->isEnabled());
+    }
+
+    void shouldShowTheSelectionsLoudnessInTheFooter()
+    {
+        openSong();
+        selectThirtySeconds();
+        QTRY_VERIFY_WITH_TIMEOUT(!std::isnan(shownLoudness()), 20000);
+        // As ffmpeg reads the same thirty seconds of the song.
+        const tw::LoudnessReading span = tw::ffmpegLoudness(m_song, 10, 30);
+        QVERIFY(span.ok);
+        QVERIFY2(std::fabs(shownLoudness() - span.lufs) < 0.3,
+                 qPrintable(QString("%1 against %2").arg(shownLoudness()).arg(span.lufs)));
+        QVERIFY(get<QLabel>("loudnessLabel")->toolTip().contains("dBTP"));
+        const double full = shownLoudness();
+
+        // Half the volume: the old figure goes at once, the new one follows.
+        get<QSlider>("volumeSlider")->setValue(50);
+        QCOMPARE(get<QLabel>("loudnessLabel")->text(), QString::fromUtf8("Measuring\u2026"));
+        QTRY_VERIFY_WITH_TIMEOUT(!std::isnan(shownLoudness()), 20000);
+        QVERIFY2(std::fabs(shownLoudness() - (full - 6.0)) < 0.15,
+                 qPrintable(QString::number(shownLoudness())));
+        // A fade-in takes loudness away too.
+        get<QSlider>("volumeSlider")->setValue(100);
+        QTRY_VERIFY_WITH_TIMEOUT(std::fabs(shownLoudness() - full) < 0.05, 20000);
+        get<QCheckBox>("fadeInCheckBox")->setChecked(true);
+        get<QSpinBox>("fadeInSpinBox")->setValue(10);
+        QTRY_VERIFY_WITH_TIMEOUT(!std::isnan(shownLoudness()) && shownLoudness() < full - 0.3,
+                                 20000);
+    }
+
+    void shouldNormalizeFromTheFooterAndLockTheVolume()
+    {
+        openSong();
+        selectThirtySeconds();
+        auto* normalize = get<QComboBox>("normalizeCombo");
+        normalize->setCurrentIndex(normalize->findData("loud"));
+        // The target sets the gain: the volume has no say meanwhile.
+        QVERIFY(!get<QSlider>("volumeSlider")->isEnabled());
+        QVERIFY(!get<QToolButton>("volumeAdd")->isEnabled());
+        QVERIFY(!get<QToolButton>("volumeReduce")->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(!std::isnan(shownLoudness()), 20000);
+        QCOMPARE(shownLoudness(), -11.0);
+
+        tw::ModalAnswer answers;
+        answers.then(mw::typeName("Loud Tone"));
+        get<QPushButton>("startbtn")->click();
+        const tw::LoudnessReading written = tw::ffmpegLoudness(ringtoneDir() + "/Loud Tone.m4r");
+        QVERIFY(written.ok);
+        QVERIFY2(std::fabs(written.lufs + 11.0) <= 0.5, qPrintable(QString::number(written.lufs)));
+        QVERIFY2(written.truePeak <= -1.0, qPrintable(QString::number(written.truePeak)));
+
+        // Remembered: a new window starts with it.
+        QCOMPARE(QSettings().value("Ringtone/Normalize").toString(), QString("loud"));
+        m_wnd = std::make_unique<CMainWnd>();
+        QCOMPARE(get<QComboBox>("normalizeCombo")->currentData().toString(), QString("loud"));
+        QVERIFY(!get<QSlider>("volumeSlider")->isEnabled());
+        QCOMPARE(editor()->playback().loudnessTarget(), -11.0);
+        get<QComboBox>("normalizeCombo")->setCurrentIndex(0);
+        QVERIFY(get<QSlider>("volumeSlider")->isEnabled());
+        QVERIFY(std::isnan(editor()->playback().loudnessTarget()));
     }
 
     void shouldSetTheRowsWhenASongOpens()
