@@ -56,6 +56,18 @@ CPeakLimiter::CPeakLimiter(int channels, int sampleRate)
 
 void CPeakLimiter::analyse(const float* samples, std::size_t frames)
 {
+    analyseAny(samples, frames);
+}
+
+void CPeakLimiter::analyse(const short* samples, std::size_t frames)
+{
+    analyseAny(samples, frames);
+}
+
+template <typename Sample> void CPeakLimiter::analyseAny(const Sample* samples, std::size_t frames)
+{
+    // 16-bit samples are scaled to full scale 1.0 as they are taken.
+    const float scale = sizeof(Sample) == sizeof(short) ? 1.0f / 32768.0f : 1.0f;
     m_peaks.assign(frames, 0.0f);
     m_highest = 0.0f;
     if (frames == 0)
@@ -65,7 +77,7 @@ void CPeakLimiter::analyse(const float* samples, std::size_t frames)
     std::vector<float> padded(frames + kTaps, 0.0f);
     for (int c = 0; c < m_channels; ++c) {
         for (std::size_t n = 0; n < frames; ++n)
-            padded[n + kHalfTaps - 1] = samples[n * m_channels + c];
+            padded[n + kHalfTaps - 1] = static_cast<float>(samples[n * m_channels + c]) * scale;
         for (std::size_t n = 0; n < frames; ++n) {
             const float* window = padded.data() + n;
             float highest = std::fabs(window[kHalfTaps - 1]);

@@ -29,6 +29,8 @@ public:
     // Estimates the true peak of each of `frames` interleaved frames (full
     // scale 1.0).
     void analyse(const float* samples, std::size_t frames);
+    // The same for 16-bit samples (full scale 32768).
+    void analyse(const short* samples, std::size_t frames);
     // The highest true peak analysed, linear.
     float peak() const { return m_highest; }
     std::size_t frames() const { return m_peaks.size(); }
@@ -39,6 +41,9 @@ public:
     bool envelope(float gain, float ceiling, std::vector<float>* factors) const;
 
 private:
+    // analyse() for either kind of sample.
+    template <typename Sample> void analyseAny(const Sample* samples, std::size_t frames);
+
     int m_channels;
     int m_rate;
     std::vector<float> m_peaks;

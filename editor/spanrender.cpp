@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QSysInfo>
+#include <QtEndian>
 
 #include <algorithm>
 #include <cmath>
@@ -93,17 +94,27 @@ bool CSpanRender::read(const tagWaveInfo& wave, const QString& path, long long b
     if (last <= first)
         return false;
 
-    std::vector<unsigned char> bytes(static_cast<std::size_t>((last - first) * wave.frameBytes));
-    const long long got = WaveHelperReadFaded(&wave, QFile::encodeName(path).constData(), first,
-                                              last - first, bytes.data());
-    if (got <= 0)
+    const std::size_t wanted = static_cast<std::size_t>(last - first) * channels;
+    // 16-bit data is read straight into the samples (the bytes are swapped
+    // where the machine is not little-endian); 8-bit data, which the
+    // editor's own WAVs never hold, is widened.
+    m_samples.resize(wanted);
+    std::vector<unsigned char> bytes(bits16 ? 0 : wanted);
+    unsigned char* into =
+        bits16 ? reinterpret_cast<unsigned char*>(m_samples.data()) : bytes.data();
+    const long long got =
+        WaveHelperReadFaded(&wave, QFile::encodeName(path).constData(), first, last - first, into);
+    if (got <= 0) {
+        m_samples.clear();
         return false;
+    }
     const std::size_t samples = static_cast<std::size_t>(got) * channels;
     m_samples.resize(samples);
     for (std::size_t i = 0; i < samples; ++i) {
-        // 8-bit data (which the editor's own WAVs never hold) is widened.
-        m_samples[i] = bits16 ? static_cast<short>(bytes[2 * i] | (bytes[2 * i + 1] << 8))
-                              : static_cast<short>((int(bytes[i]) - 128) * 256);
+        if (!bits16)
+            m_samples[i] = static_cast<short>((int(bytes[i]) - 128) * 256);
+        else if constexpr (QSysInfo::ByteOrder == QSysInfo::BigEndian)
+            m_samples[i] = qFromLittleEndian<qint16>(&m_samples[i]);
     }
     m_firstFrame = first;
     m_channels = channels;
@@ -116,25 +127,32 @@ long long CSpanRender::frames() const
     return m_channels ? static_cast<long long>(m_samples.size()) / m_channels : 0;
 }
 
-// The samples as floats (full scale 1.0), and the loudness of a gain and
-// factors applied to them.
+// The selection's samples and the loudness of a gain and factors applied
+// to them, fed to the meter a block at a time (no second copy of a long
+// selection).
 struct CSpanRender::Signal
 {
-    std::vector<float> x;
+    const std::vector<short>& samples;
     int channels;
     int rate;
 
+    std::size_t frames() const { return samples.size() / channels; }
+
     double loudness(float gain, const std::vector<float>& factors, double* truePeak) const
     {
-        const std::size_t n = x.size() / channels;
-        std::vector<float> y(x.size());
-        for (std::size_t f = 0; f < n; ++f) {
-            const float k = gain * (factors.empty() ? 1.0f : factors[f]);
-            for (int c = 0; c < channels; ++c)
-                y[f * channels + c] = x[f * channels + c] * k;
-        }
+        constexpr std::size_t kBlockFrames = 65536;
+        const std::size_t n = frames();
+        std::vector<float> block(std::min(n, kBlockFrames) * channels);
         CLoudnessMeter meter(channels, rate, truePeak != nullptr);
-        meter.add(y.data(), n);
+        for (std::size_t start = 0; start < n; start += kBlockFrames) {
+            const std::size_t count = std::min(kBlockFrames, n - start);
+            for (std::size_t f = 0; f < count; ++f) {
+                const float k = gain / 32768.0f * (factors.empty() ? 1.0f : factors[start + f]);
+                for (int c = 0; c < channels; ++c)
+                    block[f * channels + c] = samples[(start + f) * channels + c] * k;
+            }
+            meter.add(block.data(), count);
+        }
         if (truePeak)
             *truePeak = meter.truePeak();
         return meter.integrated();
@@ -143,10 +161,7 @@ struct CSpanRender::Signal
 
 CSpanRender::Signal CSpanRender::signal() const
 {
-    Signal s{std::vector<float>(m_samples.size()), m_channels, m_rate};
-    for (std::size_t i = 0; i < s.x.size(); ++i)
-        s.x[i] = m_samples[i] / 32768.0f;
-    return s;
+    return Signal{m_samples, m_channels, m_rate};
 }
 
 SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
@@ -170,7 +185,7 @@ SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
     // away loudness, so the search steps by the error over the slope of the
     // last step (in dB), which is 1 without limiting and less with it.
     CPeakLimiter limiter(m_channels, m_rate);
-    limiter.analyse(s.x.data(), s.x.size() / m_channels);
+    limiter.analyse(m_samples.data(), s.frames());
     const float ceiling =
         static_cast<float>(CLoudnessMeter::fromDb(settings.ceilingDbtp - kLimiterEstimateMarginDb));
     double gainDb = std::min(settings.targetLufs - unit, kMaxNormalizeGainDb);
@@ -220,7 +235,7 @@ SpanLevels CSpanRender::finish(const Signal& s, float gain, bool limit, double c
     if (limit && !cancelled(cancel)) {
         CPeakLimiter own(m_channels, m_rate);
         if (!analysed)
-            own.analyse(s.x.data(), static_cast<std::size_t>(result.frames));
+            own.analyse(m_samples.data(), static_cast<std::size_t>(result.frames));
         const CPeakLimiter& limiter = analysed ? *analysed : own;
         const double held = ceilingDbtp - kLimiterEstimateMarginDb;
         if (!limiter.envelope(gain, static_cast<float>(CLoudnessMeter::fromDb(held)),

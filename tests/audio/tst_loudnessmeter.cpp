@@ -167,7 +167,7 @@ private slots:
     void shouldAnswerAnEmptySpan()
     {
         CPeakLimiter limiter(2, kRate);
-        limiter.analyse(nullptr, 0);
+        limiter.analyse(static_cast<const float*>(nullptr), 0);
         std::vector<float> factors{1.0f};
         QVERIFY(!limiter.envelope(4.0f, 0.5f, &factors));
         QVERIFY(factors.empty());
