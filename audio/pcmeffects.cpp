@@ -33,8 +33,8 @@ void FadeInS16Stereo(unsigned char* buffer, int end, int start, int length)
 void FadeOutS16Stereo(unsigned char* buffer, int end, int start, int length)
 {
     unsigned char* p = buffer;
-    int k = length - start;
-    for (int i = start; i < end; ++i, --k, p += 4) {
+    int k = pcm::wrapSub(length, start);
+    for (int i = start; i < end; ++i, k = pcm::wrapSub(k, 1), p += 4) {
         pcm::storeS16(p, pcm::fadeS16(pcm::loadS16(p), k, length));
         pcm::storeS16(p + 2, pcm::fadeS16(pcm::loadS16(p + 2), k, length));
     }
@@ -59,16 +59,16 @@ void FadeInU8Stereo(unsigned char* buffer, int end, int start, int length)
 void FadeOutU8Mono(unsigned char* buffer, int end, int start, int length)
 {
     unsigned char* p = buffer;
-    int k = length - start;
-    for (int i = start; i < end; ++i, --k, ++p)
+    int k = pcm::wrapSub(length, start);
+    for (int i = start; i < end; ++i, k = pcm::wrapSub(k, 1), ++p)
         *p = pcm::fadeU8(*p, k, length);
 }
 
 void FadeOutU8Stereo(unsigned char* buffer, int end, int start, int length)
 {
     unsigned char* p = buffer;
-    int k = length - start;
-    for (int i = start; i < end; ++i, --k, p += 2) {
+    int k = pcm::wrapSub(length, start);
+    for (int i = start; i < end; ++i, k = pcm::wrapSub(k, 1), p += 2) {
         p[0] = pcm::fadeU8(p[0], k, length);
         p[1] = pcm::fadeU8(p[1], k, length);
     }

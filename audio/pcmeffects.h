@@ -30,6 +30,19 @@ inline int gainOf(int percent)
     return static_cast<int>(static_cast<unsigned>(percent) << 8) / 100;
 }
 
+// Sums and differences of the fades' 32-bit positions wrap as the machine's
+// do, without the undefined behaviour of signed overflow (header values of
+// a damaged file reach them).
+inline int wrapAdd(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
+
+inline int wrapSub(int a, int b)
+{
+    return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+}
+
 // Float to int by truncation toward zero. Values an int cannot hold (and
 // NaN from a zero-length fade) give INT_MIN, what the x86 conversion
 // instruction yields, without the undefined behaviour of a plain cast.

@@ -114,14 +114,14 @@ void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int len
             return;
         if (info->frameBytes == 1) {
             if (inFadeIn)
-                FadeInU8Mono(buffer, off + length, off, len);
+                FadeInU8Mono(buffer, pcm::wrapAdd(off, length), off, len);
             else
-                FadeOutU8Mono(buffer, off + length, off, len);
+                FadeOutU8Mono(buffer, pcm::wrapAdd(off, length), off, len);
         } else {
             if (inFadeIn)
-                FadeInU8Stereo(buffer, (off + length) / 2, off / 2, len / 2);
+                FadeInU8Stereo(buffer, pcm::wrapAdd(off, length) / 2, off / 2, len / 2);
             else
-                FadeOutU8Stereo(buffer, (off + length) / 2, off / 2, len / 2);
+                FadeOutU8Stereo(buffer, pcm::wrapAdd(off, length) / 2, off / 2, len / 2);
         }
         return;
     }
@@ -132,22 +132,22 @@ void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int len
         return;
     if (info->frameBytes == 4) {
         if (inFadeIn)
-            FadeInS16Stereo(buffer, (off + length) / 4, off / 4, len / 4);
+            FadeInS16Stereo(buffer, pcm::wrapAdd(off, length) / 4, off / 4, len / 4);
         else
-            FadeOutS16Stereo(buffer, (off + length) / 4, off / 4, len / 4);
+            FadeOutS16Stereo(buffer, pcm::wrapAdd(off, length) / 4, off / 4, len / 4);
         return;
     }
     // 16-bit mono has no routine of its own: same formula, one sample per step.
     const int first = off / 2;
-    const int last = (off + length) / 2;
+    const int last = pcm::wrapAdd(off, length) / 2;
     const int half = len / 2;
     unsigned char* p = buffer;
     if (inFadeIn) {
         for (int i = first; i < last; ++i, p += 2)
             pcm::storeS16(p, pcm::fadeS16(pcm::loadS16(p), i, half));
     } else {
-        int k = half - first;
-        for (int i = first; i < last; ++i, --k, p += 2)
+        int k = pcm::wrapSub(half, first);
+        for (int i = first; i < last; ++i, k = pcm::wrapSub(k, 1), p += 2)
             pcm::storeS16(p, pcm::fadeS16(pcm::loadS16(p), k, half));
     }
 }
