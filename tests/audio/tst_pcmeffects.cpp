@@ -80,6 +80,7 @@ private slots:
     void shouldTruncateTowardZero();
     void shouldProcessOnlyEndMinusStartFrames_data();
     void shouldProcessOnlyEndMinusStartFrames();
+    void shouldWrapThePositionsOfADamagedHeader();
 };
 
 void TestPcmEffects::shouldScaleSamplesByVolume_data()
@@ -321,6 +322,24 @@ void TestPcmEffects::shouldProcessOnlyEndMinusStartFrames()
     r.fn(bytesOf(b), 10 + 40, 10, 1000);
     QVERIFY(b.left(40 * frameBytes) != in.left(40 * frameBytes));
     QCOMPARE(b.mid(40 * frameBytes), in.mid(40 * frameBytes));
+}
+
+// A damaged header gives fade positions near the ends of the 32-bit range:
+// the count-down of a fade-out wraps as the machine's integers do (the
+// undefined-behaviour sanitizer of the test builds stops on an overflow).
+void TestPcmEffects::shouldWrapThePositionsOfADamagedHeader()
+{
+    QByteArray b(8, char(200));
+    const int start = 2147483646;
+    const int length = -2147483000;
+    FadeOutU8Mono(reinterpret_cast<unsigned char*>(b.data()), start + 1, start, length);
+    FadeOutU8Stereo(reinterpret_cast<unsigned char*>(b.data()), start + 1, start, length);
+    FadeOutS16Stereo(reinterpret_cast<unsigned char*>(b.data()), start + 1, start, length);
+    // One frame each: k = length - start wraps to a small positive number.
+    const int k = pcm::wrapSub(length, start);
+    QCOMPARE(k, static_cast<int>(static_cast<unsigned>(length) - static_cast<unsigned>(start)));
+    QCOMPARE(pcm::wrapSub(-2147483647 - 1, 1), 2147483647);
+    QCOMPARE(pcm::wrapAdd(2147483647, 1), -2147483647 - 1);
 }
 
 TW_TEST_MAIN(TestPcmEffects)
