@@ -51,6 +51,10 @@ void volumeOutside(unsigned char* buffer, int length, int volume, bool covered, 
         VolumeChangeS16(buffer + to, (length - to) & ~1, volume);
 }
 
+// Volume (except over [gainFrom, gainTo) when `gained`) and fades.
+void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int length, long pos,
+                         bool gained, int gainFrom, int gainTo);
+
 void applyGain(const tagWaveInfo* info, unsigned char* buffer, long pos, int from, int to)
 {
     const tagWaveGain* g = info->gain;
@@ -61,8 +65,7 @@ void applyGain(const tagWaveInfo* info, unsigned char* buffer, long pos, int fro
         const float factor = g->gain * (g->envelope ? g->envelope[frame] : 1.0f);
         for (int c = 0; c < channels; ++c) {
             unsigned char* p = buffer + at + 2 * c;
-            const long v = std::lround(static_cast<float>(pcm::loadS16(p)) * factor);
-            pcm::storeS16(p, static_cast<int>(std::clamp(v, -32768L, 32767L)));
+            pcm::storeS16(p, WaveGainSample(static_cast<short>(pcm::loadS16(p)), factor));
         }
     }
 }
@@ -79,6 +82,8 @@ void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, lo
     if (gained)
         applyGain(info, buffer, pos, gainFrom, gainTo);
 }
+
+namespace {
 
 void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int length, long pos,
                          bool gained, int gainFrom, int gainTo)
@@ -152,6 +157,8 @@ void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int len
     }
 }
 
+} // namespace
+
 int secondsToOffset(const tagWaveInfo* info, long long seconds)
 {
     const unsigned long long bytesPerSecond =
@@ -160,13 +167,36 @@ int secondsToOffset(const tagWaveInfo* info, long long seconds)
         bytesPerSecond * static_cast<unsigned long long>(seconds) + kDataOffset));
 }
 
+namespace {
+
+// Where the write-back's first chunk starts: the fade-in, else the
+// fade-out; -1 when there is no fade (it then starts wherever the last
+// read stopped).
+long long writeBackStart(const tagWaveInfo* info)
+{
+    if (info->fadeInStart >= 1)
+        return info->fadeInStart;
+    if (info->fadeOutStart > 0)
+        return info->fadeOutStart;
+    return -1;
+}
+
+// Whether the write-back stops once a chunk has ended at `pos`: past the
+// fade-in when there is no fade-out, or past a fade-out that ends last.
+bool writeBackEnds(const tagWaveInfo* info, long long pos)
+{
+    return (pos > info->fadeInEnd && info->fadeOutEnd < 0) ||
+           (pos > info->fadeOutEnd && info->fadeInEnd < info->fadeOutEnd);
+}
+
+} // namespace
+
 void writeBackEffects(tagWaveInfo* info)
 {
     FILE* f = info->scanFile;
-    if (info->fadeInStart >= 1)
-        std::fseek(f, info->fadeInStart, SEEK_SET);
-    else if (info->fadeOutStart > 0)
-        std::fseek(f, info->fadeOutStart, SEEK_SET);
+    const long long start = writeBackStart(info);
+    if (start >= 0)
+        std::fseek(f, static_cast<long>(start), SEEK_SET);
 
     // The slack keeps the frame loops inside the buffer when a short last
     // read ends in a partial frame.
@@ -187,8 +217,7 @@ void writeBackEffects(tagWaveInfo* info)
         pos = std::ftell(f);
         // Without fades this stops after one chunk: a bare volume change is
         // written into that chunk only (the editor always sets fades).
-        if ((pos > info->fadeInEnd && info->fadeOutEnd < 0) ||
-            (pos > info->fadeOutEnd && info->fadeInEnd < info->fadeOutEnd))
+        if (writeBackEnds(info, pos))
             break;
     }
 }
@@ -208,22 +237,14 @@ long long readFaded(const tagWaveInfo* info, const char* path, long long firstFr
     const long long to = std::min(from + frames * frameBytes, std::max(fileEnd, from));
 
     // The write-back's chunks: they start at the first fade and run on, a
-    // chunk at a time, until one ends past the last fade. Only a chunk's
-    // start decides its fade, so a chunk is taken whole even where it
-    // reaches outside [from, to).
+    // chunk at a time, until one ends past the last fade (a chunk is
+    // written when the one before it did not end the write-back). Only a
+    // chunk's start decides its fade, so a chunk is taken whole even where
+    // it reaches outside [from, to).
     tagWaveInfo fadesOnly = *info;
     fadesOnly.volume = 100;
     fadesOnly.gain = nullptr;
-    long long start = -1;
-    if (info->fadeInStart >= 1)
-        start = info->fadeInStart;
-    else if (info->fadeOutStart > 0)
-        start = info->fadeOutStart;
-    long long stop = fileEnd; // no chunk starts past this
-    if (info->fadeOutEnd < 0)
-        stop = info->fadeInEnd;
-    else if (info->fadeInEnd < info->fadeOutEnd)
-        stop = info->fadeOutEnd;
+    const long long start = writeBackStart(info);
 
     long long readFrom = from;
     long long readTo = to;
@@ -233,7 +254,7 @@ long long readFaded(const tagWaveInfo* info, const char* path, long long firstFr
         firstChunk = from > start ? (from - start) / static_cast<long long>(kChunkBytes) : 0;
         for (long long k = firstChunk;; ++k) {
             const long long cs = start + k * static_cast<long long>(kChunkBytes);
-            if (cs >= to || cs >= fileEnd || cs > stop)
+            if (cs >= to || cs >= fileEnd || (k > 0 && writeBackEnds(info, cs)))
                 break;
             lastChunk = k;
         }

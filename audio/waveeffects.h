@@ -20,9 +20,6 @@ int wrap32(long long v);
 // preview gain where it covers the buffer (the volume stays off there), to
 // `length` bytes read from file offset `pos`.
 void applyEffects(const tagWaveInfo* info, unsigned char* buffer, int length, long pos);
-// Volume (except over [gainFrom, gainTo) when `gained`) and fades.
-void applyVolumeAndFades(const tagWaveInfo* info, unsigned char* buffer, int length, long pos,
-                         bool gained, int gainFrom, int gainTo);
 
 // Byte offset in the file of a time in whole seconds, kept to 32 bits.
 int secondsToOffset(const tagWaveInfo* info, long long seconds);

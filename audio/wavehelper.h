@@ -14,6 +14,7 @@
 // (wavedevice), the effects and their write-back (waveeffects, over the
 // sample routines of pcmeffects) and the scratch blocks (wavebuffers).
 
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 
@@ -51,6 +52,15 @@ struct tagWaveGain
     float gain;            // linear
     const float* envelope; // one factor a frame, or nullptr for none
 };
+
+// One 16-bit sample under a gain factor, rounded and kept in range: the
+// preview and the export's render apply a gain alike through this.
+inline short WaveGainSample(short sample, float factor)
+{
+    const float v = static_cast<float>(sample) * factor;
+    const long r = std::lround(v);
+    return static_cast<short>(r < -32768L ? -32768L : (r > 32767L ? 32767L : r));
+}
 
 struct tagWaveInfo
 {

@@ -124,9 +124,9 @@ int CRingtoneExport::exportTo(const QString& path)
         QFile::remove(path);
 
     // The selection with its fades, read while the engine still knows the
-    // file's layout; the temporary WAV itself is only read.
+    // file's layout; the render only reads the temporary WAV.
     CSpanRender span;
-    const bool haveSpan = span.read(spanLayout(m_playback.record()), m_io.getWavePath(),
+    const bool haveSpan = span.read(m_playback.exportLayout(), m_io.getWavePath(),
                                     m_model.beginTime(), m_model.endTime());
     const LoudnessSettings settings = m_playback.loudnessSettings();
     if (m_playback.isOpen())

@@ -127,41 +127,31 @@ long long CSpanRender::frames() const
     return m_channels ? static_cast<long long>(m_samples.size()) / m_channels : 0;
 }
 
-// The selection's samples and the loudness of a gain and factors applied
-// to them, fed to the meter a block at a time (no second copy of a long
-// selection).
-struct CSpanRender::Signal
+double CSpanRender::loudnessOf(float gain, const std::vector<float>& factors,
+                               double* truePeak) const
 {
-    const std::vector<short>& samples;
-    int channels;
-    int rate;
-
-    std::size_t frames() const { return samples.size() / channels; }
-
-    double loudness(float gain, const std::vector<float>& factors, double* truePeak) const
-    {
-        constexpr std::size_t kBlockFrames = 65536;
-        const std::size_t n = frames();
-        std::vector<float> block(std::min(n, kBlockFrames) * channels);
-        CLoudnessMeter meter(channels, rate, truePeak != nullptr);
-        for (std::size_t start = 0; start < n; start += kBlockFrames) {
-            const std::size_t count = std::min(kBlockFrames, n - start);
-            for (std::size_t f = 0; f < count; ++f) {
-                const float k = gain / 32768.0f * (factors.empty() ? 1.0f : factors[start + f]);
-                for (int c = 0; c < channels; ++c)
-                    block[f * channels + c] = samples[(start + f) * channels + c] * k;
-            }
-            meter.add(block.data(), count);
+    // A block at a time: no second copy of a long selection.
+    constexpr std::size_t kBlockFrames = 65536;
+    const std::size_t n = static_cast<std::size_t>(frames());
+    std::vector<float> block(std::min(n, kBlockFrames) * m_channels);
+    CLoudnessMeter meter(m_channels, m_rate, truePeak != nullptr);
+    for (std::size_t start = 0; start < n; start += kBlockFrames) {
+        const std::size_t count = std::min(kBlockFrames, n - start);
+        for (std::size_t f = 0; f < count; ++f) {
+            const float k = gain / 32768.0f * (factors.empty() ? 1.0f : factors[start + f]);
+            for (int c = 0; c < m_channels; ++c)
+                block[f * m_channels + c] = m_samples[(start + f) * m_channels + c] * k;
         }
-        if (truePeak)
-            *truePeak = meter.truePeak();
-        return meter.integrated();
+        meter.add(block.data(), count);
     }
-};
+    if (truePeak)
+        *truePeak = meter.truePeak();
+    return meter.integrated();
+}
 
-CSpanRender::Signal CSpanRender::signal() const
+float CSpanRender::limiterCeiling(double ceilingDbtp)
 {
-    return Signal{m_samples, m_channels, m_rate};
+    return static_cast<float>(CLoudnessMeter::fromDb(ceilingDbtp - kLimiterEstimateMarginDb));
 }
 
 SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
@@ -169,25 +159,23 @@ SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
 {
     if (frames() == 0)
         return empty();
-    const Signal s = signal();
     const double maxGain = CLoudnessMeter::fromDb(kMaxNormalizeGainDb);
     if (!settings.hasTarget()) {
         // Lowering the level cannot clip; 100 % leaves the selection as it is.
         const double gain = settings.volume / 100.0;
-        return finish(s, static_cast<float>(gain), gain > 1.0, settings.ceilingDbtp, cancel);
+        return finish(static_cast<float>(gain), gain > 1.0, settings.ceilingDbtp, cancel);
     }
-    const double unit = s.loudness(1.0f, {}, nullptr);
+    const double unit = loudnessOf(1.0f, {}, nullptr);
     // Silence has no loudness to bring anywhere.
     if (!std::isfinite(unit) || unit <= kSilenceLufs)
-        return finish(s, 1.0f, false, settings.ceilingDbtp, cancel);
+        return finish(1.0f, false, settings.ceilingDbtp, cancel);
 
     // The gain that lands the limited result on the target: limiting takes
     // away loudness, so the search steps by the error over the slope of the
     // last step (in dB), which is 1 without limiting and less with it.
     CPeakLimiter limiter(m_channels, m_rate);
-    limiter.analyse(m_samples.data(), s.frames());
-    const float ceiling =
-        static_cast<float>(CLoudnessMeter::fromDb(settings.ceilingDbtp - kLimiterEstimateMarginDb));
+    limiter.analyse(m_samples.data(), static_cast<std::size_t>(frames()));
+    const float ceiling = limiterCeiling(settings.ceilingDbtp);
     double gainDb = std::min(settings.targetLufs - unit, kMaxNormalizeGainDb);
     double lastGainDb = 0.0;
     double lastLufs = unit;
@@ -196,7 +184,7 @@ SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
         const float gain = static_cast<float>(std::min(CLoudnessMeter::fromDb(gainDb), maxGain));
         if (!limiter.envelope(gain, ceiling, &factors))
             factors.clear();
-        const double lufs = s.loudness(gain, factors, nullptr);
+        const double lufs = loudnessOf(gain, factors, nullptr);
         const double error = settings.targetLufs - lufs;
         if (std::fabs(error) < kLoudnessTolerance || (error > 0 && gainDb >= kMaxNormalizeGainDb))
             break;
@@ -207,7 +195,7 @@ SpanLevels CSpanRender::levels(const LoudnessSettings& settings,
         lastLufs = lufs;
         gainDb = std::min(gainDb + error / slope, kMaxNormalizeGainDb);
     }
-    return finish(s, static_cast<float>(std::min(CLoudnessMeter::fromDb(gainDb), maxGain)), true,
+    return finish(static_cast<float>(std::min(CLoudnessMeter::fromDb(gainDb), maxGain)), true,
                   settings.ceilingDbtp, cancel, &limiter);
 }
 
@@ -222,10 +210,10 @@ SpanLevels CSpanRender::levelsAt(float gain, double ceilingDbtp) const
 {
     if (frames() == 0)
         return empty();
-    return finish(signal(), gain, gain != 1.0f, ceilingDbtp, nullptr);
+    return finish(gain, gain != 1.0f, ceilingDbtp, nullptr);
 }
 
-SpanLevels CSpanRender::finish(const Signal& s, float gain, bool limit, double ceilingDbtp,
+SpanLevels CSpanRender::finish(float gain, bool limit, double ceilingDbtp,
                                const std::atomic<bool>* cancel, const CPeakLimiter* analysed) const
 {
     SpanLevels result;
@@ -237,13 +225,11 @@ SpanLevels CSpanRender::finish(const Signal& s, float gain, bool limit, double c
         if (!analysed)
             own.analyse(m_samples.data(), static_cast<std::size_t>(result.frames));
         const CPeakLimiter& limiter = analysed ? *analysed : own;
-        const double held = ceilingDbtp - kLimiterEstimateMarginDb;
-        if (!limiter.envelope(gain, static_cast<float>(CLoudnessMeter::fromDb(held)),
-                              &result.envelope))
+        if (!limiter.envelope(gain, limiterCeiling(ceilingDbtp), &result.envelope))
             result.envelope.clear();
     }
     if (!cancelled(cancel))
-        result.lufs = s.loudness(result.gain, result.envelope, &result.truePeak);
+        result.lufs = loudnessOf(result.gain, result.envelope, &result.truePeak);
     return result;
 }
 
@@ -255,10 +241,8 @@ std::vector<short> CSpanRender::rendered(const SpanLevels& levels) const
     const std::size_t n = static_cast<std::size_t>(frames());
     for (std::size_t f = 0; f < n; ++f) {
         const float k = levels.gain * (f < levels.envelope.size() ? levels.envelope[f] : 1.0f);
-        for (int c = 0; c < m_channels; ++c) {
-            const long v = std::lround(m_samples[f * m_channels + c] * k);
-            out[f * m_channels + c] = static_cast<short>(std::clamp(v, -32768L, 32767L));
-        }
+        for (int c = 0; c < m_channels; ++c)
+            out[f * m_channels + c] = WaveGainSample(m_samples[f * m_channels + c], k);
     }
     return out;
 }

@@ -98,13 +98,15 @@ public:
     bool writeWave(const QString& path, const SpanLevels& levels) const;
 
 private:
-    struct Signal;
-    Signal signal() const;
     SpanLevels empty() const;
+    // Integrated loudness of the samples under a gain and factors (empty:
+    // none), and their true peak when asked.
+    double loudnessOf(float gain, const std::vector<float>& factors, double* truePeak) const;
+    // The limiter's own ceiling for a true-peak ceiling (the estimate margin off).
+    static float limiterCeiling(double ceilingDbtp);
     // The limiter's factors for a gain (when `limit`) and the result's figures.
     // `analysed`: a limiter that already analysed these samples, or nullptr.
-    SpanLevels finish(const Signal& s, float gain, bool limit, double ceilingDbtp,
-                      const std::atomic<bool>* cancel,
+    SpanLevels finish(float gain, bool limit, double ceilingDbtp, const std::atomic<bool>* cancel,
                       const class CPeakLimiter* analysed = nullptr) const;
 
     std::vector<short> m_samples; // interleaved, fades applied

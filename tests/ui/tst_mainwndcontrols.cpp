@@ -190,6 +190,13 @@ private slots:
         get<QSpinBox>("fadeInSpinBox")->setValue(10);
         QTRY_VERIFY_WITH_TIMEOUT(!std::isnan(shownLoudness()) && shownLoudness() < full - 0.3,
                                  20000);
+        // A longer selection: the fade is a smaller part of it, the figure rises.
+        const double faded = shownLoudness();
+        editor()->setEndTime(at(59000));
+        QCOMPARE(get<QLabel>("loudnessLabel")->text(), QString::fromUtf8("Measuring\u2026"));
+        QTRY_VERIFY_WITH_TIMEOUT(!std::isnan(shownLoudness()), 20000);
+        QVERIFY2(shownLoudness() > faded + 0.2 && shownLoudness() < full,
+                 qPrintable(QString("%1 after %2").arg(shownLoudness()).arg(faded)));
     }
 
     void shouldNormalizeFromTheFooterAndLockTheVolume()
