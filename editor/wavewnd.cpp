@@ -7,6 +7,7 @@
 
 #include "editor/ringtoneexport.h"
 #include "editor/selectionlevels.h"
+#include "editor/spansuggest.h"
 #include "editor/wavecolumns.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
@@ -40,6 +41,7 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
       m_io(std::make_unique<CWaveIo>(*m_playback, progressWait)),
       m_export(std::make_unique<CRingtoneExport>(*m_model, *m_playback, *m_io)),
       m_levels(std::make_unique<CSelectionLevels>()),
+      m_suggest(std::make_unique<CSpanSuggest>()),
       points(new QPoint[CWaveColumns::kPointCount]())
 {
     m_model->setViewWidthSource([this] { return width(); });
@@ -335,6 +337,7 @@ int CWaveWnd::initWave()
 
     const tagWaveInfo& wave = m_playback->record();
     m_model->load(wave.frameCount, wave.sampleRate);
+    m_suggest->start(m_io->getWavePath(), wave, kSuggestionLengthMs);
     scrollBar->show();
     updateScrollbar();
     emit waveOpened(m_io->getNode());
@@ -348,6 +351,7 @@ void CWaveWnd::closeWave()
 {
     m_playback->close();
     m_levels->clear();
+    m_suggest->clear();
     m_playback->setPreviewLevels(nullptr);
 }
 

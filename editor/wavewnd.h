@@ -4,10 +4,11 @@
 // sends the editor's signals; the editor's logic lives in widget-free parts
 // it forwards to: CWaveModel (times, selection, zoom, scroll and every
 // gesture's rule), CWavePlayback (the engine record and the play state
-// machine), CWaveIo (import of the song), CRingtoneExport (the ringtone)
-// and, for drawing, CWaveColumns (the wave's layout and its min/max per
+// machine), CWaveIo (import of the song), CRingtoneExport (the ringtone),
+// CSelectionLevels (the selection's loudness), CSpanSuggest (the best-part
+// proposals) and, for drawing, CWaveColumns (the wave's layout and its min/max per
 // pixel column).
-// Ownership: the widget owns its scroll bar (Qt child), the four stateful
+// Ownership: the widget owns its scroll bar (Qt child), the stateful
 // parts and the point buffer that CWaveColumns fills (unique_ptr). The
 // progress wait is borrowed. Everything runs on the GUI thread; only the
 // engine's SDL callback reads the record from the audio thread. The code is
@@ -27,6 +28,7 @@
 class CProgressWait;
 class CRingtoneExport;
 class CSelectionLevels;
+class CSpanSuggest;
 class CWaveIo;
 class CWaveModel;
 class CWavePlayback;
@@ -63,6 +65,9 @@ public:
     CWaveIo& io() { return *m_io; }
     CRingtoneExport& ringtoneExport() { return *m_export; }
     CSelectionLevels& selectionLevels() { return *m_levels; }
+    // The best-part proposals of the open song, worked out from its opening
+    // on; its `ready` says when they are in.
+    CSpanSuggest& spanSuggest() { return *m_suggest; }
 
     // --- loudness ---
     // The loudness the selection is brought to (LUFS), NaN for none (the
@@ -88,7 +93,8 @@ public:
     void closeWave();
     void updateScrollbar();
     void initScrollBar();
-    // Loads the temporary WAV into the engine and selects the first 40 seconds.
+    // Loads the temporary WAV into the engine and selects the first 40
+    // seconds; the best-part proposals are then worked out on the side.
     int initWave();
 
     // --- drawing ---
@@ -178,5 +184,6 @@ private:
     std::unique_ptr<CWaveIo> m_io;
     std::unique_ptr<CRingtoneExport> m_export;
     std::unique_ptr<CSelectionLevels> m_levels;
+    std::unique_ptr<CSpanSuggest> m_suggest;
     std::unique_ptr<QPoint[]> points;
 };

@@ -3,7 +3,9 @@
 // which makes a song record of it and calls openFile.
 
 #include "editor/ringtoneexport.h"
+#include "editor/spansuggest.h"
 #include "editor/waveio.h"
+#include "editor/waveplayback.h"
 #include "editor/wavewnd.h"
 #include "engine/timelinehelper.h"
 
@@ -38,7 +40,14 @@ int CWaveWnd::reload()
 
 int CWaveWnd::convertToM4r(QString m4rPath)
 {
+    // The export replaces the temporary WAV: proposals still being worked
+    // out start again on the new one.
+    const bool suggesting = !m_suggest->isReady();
+    if (suggesting)
+        m_suggest->clear();
     const int rc = m_export->exportTo(m4rPath);
+    if (suggesting && m_playback->isOpen())
+        m_suggest->start(m_io->getWavePath(), m_playback->record(), kSuggestionLengthMs);
     // The export went on a new temporary WAV.
     refreshLevels();
     update();

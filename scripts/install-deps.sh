@@ -16,6 +16,7 @@ PACKAGES=(
   xvfb xauth
   fonts-dejavu-core fonts-wqy-microhei
   hyperfine time
+  fluidsynth timgm6mb-soundfont
   clang clang-format libclang-rt-14-dev
   frozen-bubble-data
   desktop-file-utils appstream dpkg-dev file

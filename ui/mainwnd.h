@@ -127,6 +127,11 @@ public slots:
     void showLoudness();
     // Ticks the language whose texts are installed.
     void checkCurrentLanguage();
+    // Selects the editor's next best-part proposal, as if its times were
+    // typed into the time fields.
+    void suggest();
+    // The proposals are in, or gone: the button and the menu command follow.
+    void suggestionsChanged();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -196,6 +201,7 @@ private:
     QPushButton* m_playBtn = nullptr;
     QPushButton* m_previewBtn = nullptr;
     QPushButton* m_setEndBtn = nullptr;
+    QPushButton* m_suggestBtn = nullptr;
     QToolButton* m_volumeReduceBtn = nullptr;
     QSlider* m_volumeSlider = nullptr;
     QToolButton* m_volumeAddBtn = nullptr;
@@ -240,6 +246,7 @@ private:
     QAction* m_supportAct = nullptr;
     QAction* m_helpTopicAct = nullptr;
     QAction* m_optionAct = nullptr;
+    QAction* m_suggestAct = nullptr;
     QAction* m_facebookAct = nullptr;
     QAction* m_twitterAct = nullptr;
     QAction* m_clipwellAct = nullptr;

@@ -7,6 +7,7 @@
 #include "core/settingskeys.h"
 #include "editor/ringtoneexport.h"
 #include "editor/ringtonename.h"
+#include "editor/spansuggest.h"
 #include "editor/wavemodel.h"
 #include "editor/wavewnd.h"
 #include "engine/platformfolders.h"
@@ -129,6 +130,8 @@ QWidget* CMainWnd::creatrPlayWidget(QWidget* parent)
     m_playBtn = push("playBtn", true);
     m_previewBtn = push("previewBtn", true);
     m_setEndBtn = push("setEndBtn", false);
+    m_suggestBtn = push("suggestBtn", false);
+    m_suggestBtn->setEnabled(false); // until the open song's proposals are in
     m_volumeReduceBtn = tool("volumeReduce");
     m_volumeSlider = new QSlider(Qt::Horizontal, bar);
     m_volumeSlider->setObjectName("volumeSlider");
@@ -142,7 +145,8 @@ QWidget* CMainWnd::creatrPlayWidget(QWidget* parent)
         {m_zoomOutBtn, Qt::AlignRight},    {m_zoomSlider, Qt::AlignCenter},
         {m_zoomInBtn, Qt::AlignLeft},      {m_setBeginBtn, Qt::AlignCenter},
         {m_playBtn, Qt::AlignCenter},      {m_previewBtn, Qt::AlignCenter},
-        {m_setEndBtn, Qt::AlignCenter},    {m_volumeReduceBtn, Qt::AlignRight},
+        {m_setEndBtn, Qt::AlignCenter},    {m_suggestBtn, Qt::AlignCenter},
+        {m_volumeReduceBtn, Qt::AlignRight},
         {m_volumeSlider, Qt::AlignCenter}, {m_volumeAddBtn, Qt::AlignLeft}};
     int column = 0;
     for (const auto& [widget, alignment] : cells) {
@@ -158,6 +162,8 @@ QWidget* CMainWnd::creatrPlayWidget(QWidget* parent)
     connect(m_playBtn, &QPushButton::clicked, m_waveWnd, &CWaveWnd::play);
     connect(m_previewBtn, &QPushButton::clicked, m_waveWnd, &CWaveWnd::preview);
     connect(m_setEndBtn, &QPushButton::clicked, m_waveWnd, qOverload<>(&CWaveWnd::setEndTime));
+    connect(m_suggestBtn, &QPushButton::clicked, this, &CMainWnd::suggest);
+    connect(&m_waveWnd->spanSuggest(), &CSpanSuggest::ready, this, &CMainWnd::suggestionsChanged);
     connect(m_volumeReduceBtn, &QToolButton::clicked, m_waveWnd, &CWaveWnd::volumeReduce);
     connect(m_volumeSlider, &QSlider::valueChanged, m_waveWnd, &CWaveWnd::setVolume);
     connect(m_volumeAddBtn, &QToolButton::clicked, m_waveWnd, &CWaveWnd::volumeAdd);
@@ -311,6 +317,7 @@ void CMainWnd::waveOpened(CRingToneNode Ringtong)
     const int totalMs = int(CTimeConvert::timeToLong(total));
     m_fadeInSpin->setRange(0, totalMs);
     m_fadeOutSpin->setRange(0, totalMs);
+    suggestionsChanged();
 }
 
 void CMainWnd::selectchange(QTime begintime, QTime endtime)
@@ -452,6 +459,34 @@ void CMainWnd::setEnd(QTime time)
         return;
     m_waveWnd->setEndTime(time);
     m_beginTime->setTimeRange(QTime(0, 0), time);
+}
+
+void CMainWnd::suggest()
+{
+    SpanProposal proposal;
+    if (!m_waveWnd->spanSuggest().next(&proposal))
+        return;
+    // The end field refuses the song's very end; a proposal ending there
+    // ends a millisecond before it.
+    const long long total = CTimeConvert::timeToLong(m_waveWnd->getMaxTime());
+    const long long end = std::min(proposal.endMs, total - 1);
+    const QTime begin = CTimeConvert::longToTime(long(proposal.beginMs));
+    // As if typed: an end first when the begin would pass the old end (the
+    // begin field refuses that), then the begin, which drags the end along,
+    // then the end where it belongs.
+    if (proposal.beginMs >= CTimeConvert::timeToLong(m_endTime->time()))
+        setEnd(CTimeConvert::longToTime(long(end)));
+    setBegin(begin);
+    setEnd(CTimeConvert::longToTime(long(end)));
+}
+
+void CMainWnd::suggestionsChanged()
+{
+    const CSpanSuggest& suggestions = m_waveWnd->spanSuggest();
+    const bool any = suggestions.isReady() && !suggestions.proposals().empty();
+    m_suggestBtn->setEnabled(any);
+    if (m_suggestAct)
+        m_suggestAct->setEnabled(any);
 }
 
 void CMainWnd::zoom(int value)

@@ -69,6 +69,10 @@ void CMainWnd::createMenuBar()
     m_fileMenu = m_menuBar->addMenu(tr("File"));
     m_openAct = action(m_fileMenu, "&Open", &CMainWnd::openWave);
     m_saveAsAct = action(m_fileMenu, "&Save As", &CMainWnd::convert);
+    m_suggestAct = action(m_fileMenu, "Suggest the &Best Part", &CMainWnd::suggest);
+    m_suggestAct->setObjectName("suggestAct");
+    m_suggestAct->setShortcut(QKeySequence(tr("Ctrl+B")));
+    m_suggestAct->setEnabled(false);
     m_closeAct = new QAction("&Close", this);
     m_closeAct->setMenuRole(QAction::QuitRole);
     connect(m_closeAct, &QAction::triggered, this, &QDialog::accept);
@@ -136,6 +140,7 @@ void CMainWnd::retranslate()
     m_playBtn->setToolTip(tr("Play"));
     m_previewBtn->setToolTip(tr("Preview Selected"));
     m_setEndBtn->setToolTip(tr("Set as End Time"));
+    m_suggestBtn->setToolTip(tr("Suggest the best part"));
     m_volumeReduceBtn->setToolTip(tr("Voice Zoom Out"));
     m_volumeAddBtn->setToolTip(tr("Voice Zoom In"));
     m_closeBtn->setToolTip(tr("Quit Editing"));
@@ -153,6 +158,7 @@ void CMainWnd::retranslate()
     // translation keys.
     m_fileMenu->setTitle(tr("File"));
     m_saveAsAct->setText(tr("Save As"));
+    m_suggestAct->setText(tr("Suggest the &Best Part"));
     m_closeAct->setText(tr("Close"));
     m_windowsMenu->setTitle(tr("Windows"));
     m_openAct->setText(tr("Open"));

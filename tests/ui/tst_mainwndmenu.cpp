@@ -132,7 +132,8 @@ private slots:
     {
         QCOMPARE(texts(menuBar()->actions()),
                  QStringList({"File", "Windows", "Language", "Help", "Extras"}));
-        QCOMPARE(texts(menu(0)->actions()), QStringList({"Open", "Save As", "Close"}));
+        QCOMPARE(texts(menu(0)->actions()),
+                 QStringList({"Open", "Save As", "Suggest the &Best Part", "Close"}));
         QCOMPARE(texts(menu(1)->actions()), QStringList({"Minimize", "Bring All to Front"}));
         QCOMPARE(texts(menu(2)->actions()), kOwnNames);
         QCOMPARE(texts(menu(3)->actions()),
@@ -141,10 +142,11 @@ private slots:
         QCOMPARE(entry(4, 0)->text(), QString("Find us on &Facebook"));
         QCOMPARE(entry(4, 1)->text(), QString("Find us on &Twitter"));
 
+        QCOMPARE(entry(0, 2)->shortcut(), QKeySequence("Ctrl+B"));
         QCOMPARE(entry(1, 0)->shortcut(), QKeySequence("Ctrl+M"));
         QCOMPARE(entry(1, 1)->shortcut(), QKeySequence("Ctrl+F"));
         QCOMPARE(entry(3, 0)->shortcut(), QKeySequence("Ctrl+A"));
-        QCOMPARE(entry(0, 2)->menuRole(), QAction::QuitRole);
+        QCOMPARE(entry(0, 3)->menuRole(), QAction::QuitRole);
         QCOMPARE(entry(3, 0)->menuRole(), QAction::AboutRole);
         QCOMPARE(entry(3, 4)->menuRole(), QAction::PreferencesRole);
         QVERIFY(entry(1, 1)->isCheckable());
@@ -264,7 +266,7 @@ private slots:
     void shouldCloseThroughTheFileMenu()
     {
         QSignalSpy accepted(m_wnd.get(), &QDialog::accepted);
-        entry(0, 2)->trigger();
+        entry(0, 3)->trigger();
         QCOMPARE(accepted.count(), 1);
         QVERIFY(!m_wnd->isVisible());
     }

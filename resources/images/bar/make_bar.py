@@ -9,7 +9,7 @@ glyph reads better), in three colours:
                       a tinted face behind it)
   NAME_off  disabled  light grey
 
-  zoom_in zoom_out set_begin set_end preview preview_pause volume_down
+  zoom_in zoom_out set_begin set_end preview preview_pause suggest volume_down
   volume_up back forward video open share like
 
 Faces that carry their own ground, each in NAME, NAME_on, NAME_down
@@ -63,6 +63,9 @@ GLYPHS = {
     # and the pause mark in its place while the selection plays.
     "preview": """    <path d="M7 5 H4 V19 H7 M17 5 H20 V19 H17"/>
     <path d="M10 8.5 V15.5 L15.5 12 Z" fill="{c}" stroke-width="1.6"/>""",
+    # The best part: a sparkle between the selection's brackets.
+    "suggest": """    <path d="M7 5 H4 V19 H7 M17 5 H20 V19 H17"/>
+    <path d="M12 6.5 L13.3 10.7 L17.5 12 L13.3 13.3 L12 17.5 L10.7 13.3 L6.5 12 L10.7 10.7 Z" fill="{c}" stroke-width="1.2"/>""",
     "preview_pause": """    <path d="M7 5 H4 V19 H7 M17 5 H20 V19 H17"/>
     <path d="M10 8.5 V15.5 M14 8.5 V15.5" stroke-width="2.6"/>""",
     "volume_down": """    <path d="M5 9.5 H8 L12.5 5.5 V18.5 L8 14.5 H5 Z" fill="{c}" stroke-width="1.6"/>
