@@ -13,8 +13,8 @@
 // (see judgeSongs) judges other weights of the score beside the defaults.
 
 #include "editor/spansuggest.h"
-#include "tests/editor/songsynth.h"
 #include "testenv.h"
+#include "tests/editor/songsynth.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -208,9 +208,9 @@ CSpanFinder::Tuning parseTuning(const QString& text)
 {
     CSpanFinder::Tuning t;
     const std::map<QString, double*> fields = {
-        {"keepShare", &t.keepShare},         {"mismatch", &t.mismatch},
-        {"secondRepeat", &t.secondRepeat},   {"minLagShare", &t.minLagShare},
-        {"levelWeight", &t.levelWeight},     {"introPenalty", &t.introPenalty},
+        {"keepShare", &t.keepShare},       {"mismatch", &t.mismatch},
+        {"secondRepeat", &t.secondRepeat}, {"minLagShare", &t.minLagShare},
+        {"levelWeight", &t.levelWeight},   {"introPenalty", &t.introPenalty},
         {"introShare", &t.introShare}};
     for (const QString& pair : text.split(',', Qt::SkipEmptyParts)) {
         const QString name = pair.section('=', 0, 0).trimmed();
@@ -342,7 +342,8 @@ void judgeSongs(const QString& cacheRoot)
         std::printf("  (%zu songs rendered by fluidsynth this run, median %.0f ms each)\n",
                     renderTimes.size(), median(renderTimes));
     // TW_SUGGEST_TUNING="name=value,...;name=value,..." judges other weights.
-    for (const QString& tuning : qEnvironmentVariable("TW_SUGGEST_TUNING").split(';', Qt::SkipEmptyParts)) {
+    for (const QString& tuning :
+         qEnvironmentVariable("TW_SUGGEST_TUNING").split(';', Qt::SkipEmptyParts)) {
         std::printf("tuning %s:\n", qPrintable(tuning));
         evaluate(songs, parseTuning(tuning), false);
     }
@@ -356,8 +357,9 @@ void timeFiveMinutes()
     if (!QFileInfo::exists(wav)) {
         // The synthetic pop song, as the editor's temporary WAV holds it.
         const std::vector<qint16> song = twed::synthSong(44100, 300.0);
-        tw::writeWav(wav, 44100, 2, 16, qint64(song.size() / 2),
-                     [&](qint64 frame, int channel) { return int(song[size_t(frame * 2 + channel)]); });
+        tw::writeWav(wav, 44100, 2, 16, qint64(song.size() / 2), [&](qint64 frame, int channel) {
+            return int(song[size_t(frame * 2 + channel)]);
+        });
     }
     tagWaveInfo wave;
     if (!waveLayout(wav, &wave)) {

@@ -19,6 +19,7 @@ constexpr double kHighestTarget = -5.0;
 const char kHelp[] =
     "Usage: tonewright-cli INPUT -o OUTPUT.m4r [options]\n"
     "       tonewright-cli INPUT... -d DIR [options]\n"
+    "       tonewright-cli --suggest [--length TIME] [--json] INPUT...\n"
     "Makes a ringtone (an iPhone .m4r unless told otherwise) from a span of a song\n"
     "or a video, the same way the Tonewright editor exports it.\n"
     "\n"
@@ -36,11 +37,19 @@ const char kHelp[] =
     "  --add-to-library      Also add the ringtone to the media library.\n"
     "\n"
     "Span (TIME is m:ss, h:mm:ss or seconds, with an optional fraction):\n"
-    "  --start TIME          Where the ringtone begins (default 0).\n"
+    "  --start TIME          Where the ringtone begins (default 0); \"auto\" begins\n"
+    "                        it at the best part of the input (see --suggest).\n"
     "  --end TIME            Where it ends, or\n"
     "  --length TIME         how long it is (default 30 s, or up to the input's end).\n"
     "  --allow-long          Allow more than 40 seconds (30 for alert tones), which\n"
     "                        phones refuse.\n"
+    "\n"
+    "Best part:\n"
+    "  --suggest             Prints the three spans most worth a ringtone of each\n"
+    "                        INPUT (the chorus or the most repeated section), best\n"
+    "                        first, and writes nothing; --length sets their length.\n"
+    "  --json                With --suggest: one line of JSON per input, {\"input\",\n"
+    "                        \"duration\", \"start\", \"end\", \"alternatives\"} in seconds.\n"
     "\n"
     "Effects:\n"
     "  --fade-in SECONDS     Fade in over whole seconds (default 0, none).\n"
@@ -132,11 +141,13 @@ CliCommand parseCliArguments(const QStringList& arguments)
     const QCommandLineOption addToLibrary("add-to-library");
     const QCommandLineOption quiet(QStringList{"q", "quiet"});
     const QCommandLineOption verbose("verbose");
+    const QCommandLineOption suggest("suggest");
+    const QCommandLineOption json("json");
     const QCommandLineOption help(QStringList{"h", "help"});
     const QCommandLineOption version(QStringList{"v", "version"});
-    parser.addOptions({output, directory, jobs, format, start, end, length, fadeIn, fadeOut, volume,
-                       loudness, loud, allowLong, force, addToLibrary, quiet, verbose, help,
-                       version});
+    parser.addOptions({output,       directory, jobs,    format,   start, end,       length,
+                       fadeIn,       fadeOut,   volume,  loudness, loud,  allowLong, force,
+                       addToLibrary, quiet,     verbose, suggest,  json,  help,      version});
     // --help and --version are answered even beside a mistake.
     const bool parsed = parser.parse(arguments);
     if (!parsed && !parser.isSet(help) && !parser.isSet(version)) {
@@ -172,9 +183,33 @@ CliCommand parseCliArguments(const QStringList& arguments)
     o.addToLibrary = parser.isSet(addToLibrary);
     o.quiet = parser.isSet(quiet);
     o.verbose = parser.isSet(verbose);
+    o.suggest = parser.isSet(suggest);
+    o.json = parser.isSet(json);
 
     if (o.inputs.isEmpty())
         return refuse(kExitUsage, "no input file named");
+    if (o.json && !o.suggest)
+        return refuse(kExitUsage, "--json goes with --suggest");
+    if (o.suggest) {
+        // Only the length of the proposals may be asked for.
+        for (const QCommandLineOption* other :
+             {&output, &directory, &jobs, &format, &start, &end, &fadeIn, &fadeOut, &volume,
+              &loudness, &loud, &allowLong, &force, &addToLibrary}) {
+            if (parser.isSet(*other))
+                return refuse(kExitUsage, QString("--suggest writes no ringtone; --%1 does not go "
+                                                  "with it")
+                                              .arg(other->names().last()));
+        }
+        if (parser.isSet(length) && !parseTimeArg(parser.value(length), &o.lengthMs))
+            return refuse(kExitUsage, QString("bad --length value '%1' (m:ss, h:mm:ss or seconds)")
+                                          .arg(parser.value(length)));
+        if (o.lengthMs >= 0 && o.lengthMs < kMinSelection)
+            return refuse(kExitTooShort,
+                          QString("the span would be %1 s long; the shortest is %2 s")
+                              .arg(o.lengthMs / 1000.0)
+                              .arg(kMinSelection / 1000));
+        return command;
+    }
     if (parser.isSet(output) == parser.isSet(directory))
         return refuse(kExitUsage, "name either the output file (-o) or a folder for the "
                                   "ringtones (-d)");
@@ -207,8 +242,12 @@ CliCommand parseCliArguments(const QStringList& arguments)
         return refuse(kExitUsage, QString("bad --%1 value '%2' (m:ss, h:mm:ss or seconds)")
                                       .arg(option.names().first(), parser.value(option)));
     };
-    if (!time(start, &o.startMs))
+    // "auto": the best part, found once the input is decoded.
+    o.startAuto = parser.isSet(start) && parser.value(start).trimmed() == QLatin1String("auto");
+    if (!o.startAuto && !time(start, &o.startMs))
         return badTime(start);
+    if (o.startAuto && parser.isSet(end))
+        return refuse(kExitUsage, "--start auto goes with --length, not --end");
     if (!time(end, &o.endMs))
         return badTime(end);
     if (!time(length, &o.lengthMs))
@@ -277,7 +316,9 @@ QStringList childArguments(const CliOptions& options, const QString& input, cons
     QStringList args;
     args << "-o" << output << "--quiet";
     args << "--format" << QString::fromLatin1(CRingtoneExport::format(options.kind).key);
-    args << "--start" << QString::number(options.startMs / 1000.0, 'f', 3);
+    args << "--start"
+         << (options.startAuto ? QString("auto")
+                               : QString::number(options.startMs / 1000.0, 'f', 3));
     if (options.endMs >= 0)
         args << "--end" << QString::number(options.endMs / 1000.0, 'f', 3);
     if (options.lengthMs >= 0)

@@ -15,8 +15,11 @@ constexpr long long kCliDefaultLengthMs = 30000;
 struct CliOptions
 {
     QStringList inputs;
-    QString output;    // -o: the ringtone of the single input
-    QString directory; // -d: one ringtone per input, named after it
+    QString output;         // -o: the ringtone of the single input
+    QString directory;      // -d: one ringtone per input, named after it
+    bool suggest = false;   // --suggest: the best-part proposals of each input, no ringtone
+    bool json = false;      // --json: with --suggest, one JSON line per input
+    bool startAuto = false; // --start auto: the span begins at the best-part proposal
     long long startMs = 0;
     long long endMs = -1;    // --end; -1 when not given
     long long lengthMs = -1; // --length; -1 when not given

@@ -7,6 +7,7 @@
 #include "cli/consoleprogress.h"
 #include "cli/exitcodes.h"
 #include "cli/ringtonemaker.h"
+#include "cli/timearg.h"
 #include "engine/platformfolders.h"
 
 #include <QCoreApplication>
@@ -51,6 +52,78 @@ int makeOne(const CliOptions& options)
     return code;
 }
 
+QString jsonSeconds(long long ms)
+{
+    // Up to milliseconds, without trailing zeros, but always a decimal.
+    QString text = QString::number(ms / 1000.0, 'f', 3);
+    while (text.endsWith('0') && !text.endsWith(".0"))
+        text.chop(1);
+    return text;
+}
+
+QString jsonString(const QString& text)
+{
+    QString out = "\"";
+    for (const QChar c : text) {
+        if (c == '"' || c == '\\')
+            out += QString("\\") + c;
+        else if (c.unicode() < 0x20)
+            out += QString("\\u%1").arg(int(c.unicode()), 4, 16, QChar('0'));
+        else
+            out += c;
+    }
+    return out + "\"";
+}
+
+// --suggest: each input's proposals on standard output, one line each;
+// the first failure's code (with several inputs, kExitBatchFailed).
+int suggestAll(const CliOptions& options)
+{
+    const long long length = options.lengthMs >= 0 ? options.lengthMs : kCliDefaultLengthMs;
+    int failed = kExitOk;
+    int failures = 0;
+    for (const QString& input : options.inputs) {
+        CRingtoneMaker maker(options);
+        std::vector<SpanProposal> proposals;
+        long long durationMs = 0;
+        const int code = maker.suggest(input, length, &proposals, &durationMs);
+        if (code != kExitOk) {
+            printError(maker.message());
+            failed = failed == kExitOk ? code : failed;
+            ++failures;
+            continue;
+        }
+        const SpanProposal& best = proposals.front();
+        QString line;
+        if (options.json) {
+            QStringList alternatives;
+            for (std::size_t i = 1; i < proposals.size(); ++i)
+                alternatives << QString("[%1, %2]")
+                                    .arg(jsonSeconds(proposals[i].beginMs),
+                                         jsonSeconds(proposals[i].endMs));
+            line = QString("{\"input\": %1, \"duration\": %2, \"start\": %3, \"end\": %4, "
+                           "\"alternatives\": [%5]}")
+                       .arg(jsonString(input), jsonSeconds(durationMs), jsonSeconds(best.beginMs),
+                            jsonSeconds(best.endMs), alternatives.join(", "));
+        } else {
+            QStringList others;
+            for (std::size_t i = 1; i < proposals.size(); ++i)
+                others << QString("%1 to %2")
+                              .arg(formatTimeArg(proposals[i].beginMs),
+                                   formatTimeArg(proposals[i].endMs));
+            line = QString("%1: %2 to %3")
+                       .arg(input, formatTimeArg(best.beginMs), formatTimeArg(best.endMs));
+            if (!others.isEmpty())
+                line += "; also " + others.join(", ");
+        }
+        std::printf("%s\n", line.toLocal8Bit().constData());
+        std::fflush(stdout);
+    }
+    if (failures > 0 && options.inputs.size() > 1)
+        return kExitBatchFailed;
+    return failed;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -87,6 +160,8 @@ int main(int argc, char* argv[])
     KeloSetLogEcho(g_verbose ? 1 : 0);
     tellPlatformFolders();
 
+    if (command.options.suggest)
+        return suggestAll(command.options);
     if (!command.options.directory.isEmpty())
         return CBatchRun(command.options).run();
     return makeOne(command.options);

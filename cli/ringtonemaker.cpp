@@ -3,6 +3,7 @@
 #include "cli/exitcodes.h"
 #include "cli/timearg.h"
 #include "editor/ringtoneexport.h"
+#include "editor/spansuggest.h"
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
@@ -106,10 +107,11 @@ int CRingtoneMaker::checkOutput(const QString& output, const QString& input, boo
     return kExitOk;
 }
 
-int CRingtoneMaker::resolveSpan(long long durationMs, long long* begin, long long* end)
+int CRingtoneMaker::resolveSpan(long long startMs, long long endMs, long long durationMs,
+                                long long* begin, long long* end)
 {
-    *begin = m_options.startMs;
-    *end = std::min(m_options.requestedEndMs(), durationMs);
+    *begin = startMs;
+    *end = std::min(endMs, durationMs);
     if (*begin >= durationMs) {
         m_message = QString("the start (%1) is at or after the input's end (%2)")
                         .arg(formatTimeArg(*begin), formatTimeArg(durationMs));
@@ -124,22 +126,8 @@ int CRingtoneMaker::resolveSpan(long long durationMs, long long* begin, long lon
     return kExitOk;
 }
 
-int CRingtoneMaker::make(const QString& input, const QString& output,
-                         const std::function<void(int)>& progress)
+int CRingtoneMaker::decode(const QString& input, CWaveIo& io, CWavePlayback& playback)
 {
-    m_message.clear();
-    int code = checkInput(input, &m_message);
-    if (code != kExitOk)
-        return code;
-    // A missing folder is made, as -d makes its folder.
-    const QString folder = QFileInfo(output).absolutePath();
-    if (!QFileInfo(folder).isDir() && !QDir().mkpath(folder)) {
-        m_message = QString("%1: the folder %2 cannot be made").arg(output, folder);
-        return kExitOutputUnwritable;
-    }
-    code = checkOutput(output, input, m_options.force, &m_message);
-    if (code != kExitOk)
-        return code;
     long long audioMs = 0;
     switch (CWaveIo::checkSource(input, &audioMs)) {
     case SourceProblem::None:
@@ -159,6 +147,71 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
         return kExitTooShort;
     }
 
+    CRingToneNode song;
+    song.strPath = input;
+    io.setNode(song);
+    const int decoded = io.convertToWave(input);
+    if (decoded == -4) {
+        m_message = QString("%1: no audio stream").arg(input);
+        return kExitNoAudio;
+    }
+    if (decoded < 0 || playback.open(io.getWavePath()) != 0) {
+        playback.release();
+        m_message = QString("%1: could not be decoded").arg(input);
+        return kExitConversionFailed;
+    }
+    return kExitOk;
+}
+
+int CRingtoneMaker::suggest(const QString& input, long long lengthMs,
+                            std::vector<SpanProposal>* proposals, long long* durationMs)
+{
+    m_message.clear();
+    proposals->clear();
+    int code = checkInput(input, &m_message);
+    if (code != kExitOk)
+        return code;
+    CWaveModel model;
+    model.setViewWidth(kViewWidth);
+    CWavePlayback playback(model);
+    CProgressWait wait;
+    CWaveIo io(playback, &wait);
+    TempWaveGuard guard(io);
+    code = decode(input, io, playback);
+    if (code != kExitOk)
+        return code;
+    const tagWaveInfo wave = playback.record();
+    playback.release();
+    *durationMs =
+        wave.sampleRate ? static_cast<long long>(wave.frameCount) * 1000 / wave.sampleRate : 0;
+    *proposals = CSpanSuggest::analyse(io.getWavePath(), wave, lengthMs);
+    if (!proposals->empty())
+        return kExitOk;
+    if (*durationMs < kMinSelection) {
+        m_message = QString("%1: too short (%2); the shortest ringtone is %3")
+                        .arg(input, seconds(*durationMs), seconds(kMinSelection));
+        return kExitTooShort;
+    }
+    m_message = QString("%1: could not be analysed").arg(input);
+    return kExitConversionFailed;
+}
+
+int CRingtoneMaker::make(const QString& input, const QString& output,
+                         const std::function<void(int)>& progress)
+{
+    m_message.clear();
+    int code = checkInput(input, &m_message);
+    if (code != kExitOk)
+        return code;
+    // A missing folder is made, as -d makes its folder.
+    const QString folder = QFileInfo(output).absolutePath();
+    if (!QFileInfo(folder).isDir() && !QDir().mkpath(folder)) {
+        m_message = QString("%1: the folder %2 cannot be made").arg(output, folder);
+        return kExitOutputUnwritable;
+    }
+    code = checkOutput(output, input, m_options.force, &m_message);
+    if (code != kExitOk)
+        return code;
     // The editor's parts, as the editor wires them, without a progress pane.
     CWaveModel model;
     model.setViewWidth(kViewWidth);
@@ -170,29 +223,30 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     ringtone.setKind(m_options.kind);
     // The ringtone's own name is its title.
     ringtone.setTags(QFileInfo(output).completeBaseName(), QString());
-    CRingToneNode song;
-    song.strPath = input;
-    io.setNode(song);
     TempWaveGuard guard(io);
 
     // Decoding is the first half of the work, encoding the second (the
     // export's phase reports 0..50).
     wait.setPercentReport([&progress](int percent) { progress(percent / 2); });
-    const int decoded = io.convertToWave(input);
-    if (decoded == -4) {
-        m_message = QString("%1: no audio stream").arg(input);
-        return kExitNoAudio;
-    }
-    if (decoded < 0 || playback.open(io.getWavePath()) != 0) {
-        playback.release();
-        m_message = QString("%1: could not be decoded").arg(input);
-        return kExitConversionFailed;
-    }
+    code = decode(input, io, playback);
+    if (code != kExitOk)
+        return code;
     model.load(playback.record().frameCount, playback.record().sampleRate);
+
+    long long start = m_options.startMs;
+    long long requestedEnd = m_options.requestedEndMs();
+    if (m_options.startAuto) {
+        // The best proposal of the length asked for (--end does not go with it).
+        const long long length = requestedEnd - start;
+        const std::vector<SpanProposal> proposals =
+            CSpanSuggest::analyse(io.getWavePath(), playback.record(), length);
+        start = proposals.empty() ? 0 : proposals.front().beginMs;
+        requestedEnd = start + length;
+    }
 
     long long begin = 0;
     long long end = 0;
-    code = resolveSpan(static_cast<long long>(model.maxTime()), &begin, &end);
+    code = resolveSpan(start, requestedEnd, static_cast<long long>(model.maxTime()), &begin, &end);
     if (code != kExitOk) {
         m_message = input + ": " + m_message;
         playback.release();

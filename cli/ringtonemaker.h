@@ -4,13 +4,19 @@
 // editor's temporary WAV, the span, fades and volume are set as the editor
 // sets them, and the export renders the span. The ringtone is written under
 // a hidden name beside the output and renamed into place when complete; the
-// temporary WAV is removed. Needs the application object; one at a time.
+// temporary WAV is removed. It also finds an input's best-part proposals
+// the editor's way. Needs the application object; one at a time.
 
 #include "cli/clioptions.h"
+#include "editor/spanfinder.h"
 
 #include <QString>
 
 #include <functional>
+#include <vector>
+
+class CWaveIo;
+class CWavePlayback;
 
 class CRingtoneMaker
 {
@@ -23,6 +29,12 @@ public:
     int make(const QString& input, const QString& output, const std::function<void(int)>& progress);
     const QString& message() const { return m_message; }
 
+    // The best-part proposals of `input` for spans of `lengthMs`, best
+    // first, and the input's length; writes nothing but the temporary WAV,
+    // which it removes. A CliExitCode; message() says what went wrong.
+    int suggest(const QString& input, long long lengthMs, std::vector<SpanProposal>* proposals,
+                long long* durationMs);
+
     // The checks made before any work, shared with a batch: the input can be
     // read; the output may be written (its folder exists and takes files, it
     // is not the input, and it is new unless `force`). kExitOk or the code.
@@ -31,9 +43,14 @@ public:
                            QString* message);
 
 private:
-    // The span within an input of `durationMs`: the end held to the input's
-    // end, then the length rules again. kExitOk or the code.
-    int resolveSpan(long long durationMs, long long* begin, long long* end);
+    // Checks that `input` is media with sound and decodes it into the
+    // editor's temporary WAV, open in `playback`. kExitOk or the code.
+    int decode(const QString& input, CWaveIo& io, CWavePlayback& playback);
+    // The span from `startMs` to `endMs` within an input of `durationMs`:
+    // the end held to the input's end, then the length rules again.
+    // kExitOk or the code.
+    int resolveSpan(long long startMs, long long endMs, long long durationMs, long long* begin,
+                    long long* end);
 
     CliOptions m_options;
     QString m_message;

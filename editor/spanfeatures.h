@@ -66,16 +66,16 @@ private:
     std::unique_ptr<Ffmpeg> m_ff;
     int m_rate;
     int m_channels;
-    int m_decimation = 1;   // song samples per analysis sample
-    int m_analysisRate = 0; // m_rate / m_decimation
+    int m_decimation = 1;        // song samples per analysis sample
+    int m_analysisRate = 0;      // m_rate / m_decimation
     std::vector<float> m_kernel; // the low-pass before decimating
     std::vector<float> m_mono;   // mixed-down samples not yet decimated
     std::size_t m_monoNext = 0;  // the first sample of the next output's kernel
     long long m_inputFrames = 0;
-    std::vector<float> m_window;   // Hann
-    std::vector<float> m_samples;  // analysis samples not yet past
-    std::size_t m_next = 0;        // where the next FFT window begins in m_samples
-    std::vector<int> m_binClass;   // pitch class of each FFT bin, -1 outside the band
+    std::vector<float> m_window;       // Hann
+    std::vector<float> m_samples;      // analysis samples not yet past
+    std::size_t m_next = 0;            // where the next FFT window begins in m_samples
+    std::vector<int> m_binClass;       // pitch class of each FFT bin, -1 outside the band
     std::array<double, 12> m_chroma{}; // of the frame being filled
     double m_power = 0.0;
     int m_hops = 0; // in the frame being filled

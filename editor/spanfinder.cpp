@@ -173,8 +173,9 @@ std::vector<SpanProposal> CSpanFinder::propose(const std::vector<SpanFeatureFram
                 if (match[std::size_t(k)] <= 0.0f ||
                     (best >= 0 && match[std::size_t(k)] <= match[std::size_t(best)]))
                     continue;
-                const bool near = std::any_of(taken.begin(), taken.end(),
-                                              [&](long long other) { return std::llabs(other - k) < w; });
+                const bool near = std::any_of(taken.begin(), taken.end(), [&](long long other) {
+                    return std::llabs(other - k) < w;
+                });
                 if (!near)
                     best = k;
             }

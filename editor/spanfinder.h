@@ -33,13 +33,13 @@ public:
     // The weights of the score; the defaults are those measured best.
     struct Tuning
     {
-        double keepShare = 0.2;      // the share of the matrix counted as a match
-        double mismatch = -0.4;      // what a cell below the share adds to a repeat
-        int repeats = 2;             // the best non-overlapping repeats counted
-        double secondRepeat = 0.5;   // the weight of each repeat after the first
-        double minLagShare = 0.5;    // a repeat lies at least this share of the window away
-        double levelWeight = 2.0;    // per 10 dB above the song's mean level
-        double introPenalty = 0.3;   // for a start in the first fifth of the song
+        double keepShare = 0.2;    // the share of the matrix counted as a match
+        double mismatch = -0.4;    // what a cell below the share adds to a repeat
+        int repeats = 2;           // the best non-overlapping repeats counted
+        double secondRepeat = 0.5; // the weight of each repeat after the first
+        double minLagShare = 0.5;  // a repeat lies at least this share of the window away
+        double levelWeight = 2.0;  // per 10 dB above the song's mean level
+        double introPenalty = 0.3; // for a start in the first fifth of the song
         double introShare = 0.2;
     };
 

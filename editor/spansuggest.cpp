@@ -81,8 +81,7 @@ void CSpanSuggest::deliver(unsigned long long generation, std::vector<SpanPropos
 }
 
 std::vector<SpanProposal> CSpanSuggest::analyse(const QString& path, const tagWaveInfo& wave,
-                                                long long lengthMs,
-                                                const std::atomic<bool>* cancel)
+                                                long long lengthMs, const std::atomic<bool>* cancel)
 {
     const std::unique_ptr<CSpanFeatures> features = readFeatures(path, wave, cancel);
     if (!features || (cancel && *cancel))

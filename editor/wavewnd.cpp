@@ -40,8 +40,7 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
       m_playback(std::make_unique<CWavePlayback>(*m_model)),
       m_io(std::make_unique<CWaveIo>(*m_playback, progressWait)),
       m_export(std::make_unique<CRingtoneExport>(*m_model, *m_playback, *m_io)),
-      m_levels(std::make_unique<CSelectionLevels>()),
-      m_suggest(std::make_unique<CSpanSuggest>()),
+      m_levels(std::make_unique<CSelectionLevels>()), m_suggest(std::make_unique<CSpanSuggest>()),
       points(new QPoint[CWaveColumns::kPointCount]())
 {
     m_model->setViewWidthSource([this] { return width(); });

@@ -142,12 +142,12 @@ QWidget* CMainWnd::creatrPlayWidget(QWidget* parent)
     m_volumeAddBtn = tool("volumeAdd");
 
     const std::pair<QWidget*, Qt::Alignment> cells[] = {
-        {m_zoomOutBtn, Qt::AlignRight},    {m_zoomSlider, Qt::AlignCenter},
-        {m_zoomInBtn, Qt::AlignLeft},      {m_setBeginBtn, Qt::AlignCenter},
-        {m_playBtn, Qt::AlignCenter},      {m_previewBtn, Qt::AlignCenter},
-        {m_setEndBtn, Qt::AlignCenter},    {m_suggestBtn, Qt::AlignCenter},
-        {m_volumeReduceBtn, Qt::AlignRight},
-        {m_volumeSlider, Qt::AlignCenter}, {m_volumeAddBtn, Qt::AlignLeft}};
+        {m_zoomOutBtn, Qt::AlignRight},      {m_zoomSlider, Qt::AlignCenter},
+        {m_zoomInBtn, Qt::AlignLeft},        {m_setBeginBtn, Qt::AlignCenter},
+        {m_playBtn, Qt::AlignCenter},        {m_previewBtn, Qt::AlignCenter},
+        {m_setEndBtn, Qt::AlignCenter},      {m_suggestBtn, Qt::AlignCenter},
+        {m_volumeReduceBtn, Qt::AlignRight}, {m_volumeSlider, Qt::AlignCenter},
+        {m_volumeAddBtn, Qt::AlignLeft}};
     int column = 0;
     for (const auto& [widget, alignment] : cells) {
         grid->addWidget(widget, 0, column, alignment);

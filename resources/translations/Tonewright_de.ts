@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Stellt die Verstärkung so ein, dass der Klingelton in der gewählten Lautheit spielt, ohne Übersteuerung</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Den besten Teil vorschlagen</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Den &amp;besten Teil vorschlagen</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Suggest the best part</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Suggest the &amp;Best Part</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Ajusta la ganancia para que el tono suene con la sonoridad elegida, sin saturar</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Sugerir la mejor parte</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Sugerir la &amp;mejor parte</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Règle le gain pour que la sonnerie ait la sonie choisie, sans saturation</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Suggérer le meilleur passage</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Suggérer le &amp;meilleur passage</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Imposta il guadagno perché la suoneria abbia la loudness scelta, senza distorsione</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Suggerisci la parte migliore</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Suggerisci la parte &amp;migliore</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>着信音が選んだラウドネスになるようにゲインを設定します（クリップなし）</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>いちばん良い部分を提案</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>いちばん良い部分を提案(&amp;B)</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

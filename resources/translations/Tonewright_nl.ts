@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Stelt de versterking zo in dat de beltoon op de gekozen luidheid speelt, zonder oversturing</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Het beste deel voorstellen</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Het &amp;beste deel voorstellen</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -370,6 +370,18 @@
         <source>Sets the gain so that the ringtone plays at a chosen loudness, without clipping</source>
         <translation>Ajusta o ganho para que o toque tenha a loudness escolhida, sem distorção</translation>
     </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B</translation>
+    </message>
+    <message>
+        <source>Suggest the best part</source>
+        <translation>Sugerir o melhor trecho</translation>
+    </message>
+    <message>
+        <source>Suggest the &amp;Best Part</source>
+        <translation>Sugerir o &amp;melhor trecho</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>

@@ -211,6 +211,27 @@ private slots:
         QCOMPARE(plainChild.options.volume, 90);
     }
 
+    void shouldTakeStartAutoAndHandItToAChildRun()
+    {
+        const CliCommand c = parse({"x", "-d", "dir", "--start", "auto", "--length", "25"});
+        QCOMPARE(c.action, CliCommand::Run);
+        QVERIFY(c.options.startAuto);
+        QCOMPARE(c.options.lengthMs, 25000LL);
+        const QStringList args = childArguments(c.options, "in.mp3", "dir/in.m4r");
+        QCOMPARE(args.at(args.indexOf("--start") + 1), QString("auto"));
+        const CliCommand child = parse(args);
+        QVERIFY(child.options.startAuto);
+        QCOMPARE(child.options.lengthMs, 25000LL);
+        // A plain start is a start, and the word alone is no time.
+        QVERIFY(!parse({"x", "-o", "y.m4r", "--start", "10"}).options.startAuto);
+        QCOMPARE(parse({"x", "-o", "y.m4r", "--start", "automatic"}).exitCode, int(kExitUsage));
+        // --suggest takes only a length and --json.
+        const CliCommand s = parse({"x", "--suggest", "--json", "--length", "12.5"});
+        QCOMPARE(s.action, CliCommand::Run);
+        QVERIFY(s.options.suggest && s.options.json);
+        QCOMPARE(s.options.lengthMs, 12500LL);
+    }
+
     void shouldAnswerHelpAndVersionEvenBesideMistakes()
     {
         QCOMPARE(parse({"--help"}).action, CliCommand::ShowHelp);
