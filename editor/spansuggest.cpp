@@ -33,10 +33,9 @@ void CSpanSuggest::start(const QString& path, const tagWaveInfo& wave, long long
     clear();
     const unsigned long long generation = m_generation;
     m_cancel = std::make_shared<std::atomic<bool>>(false);
-    // The worker works on its own copies; the layout's fades are not read.
-    tagWaveInfo layout = wave;
-    layout.fadeInStart = layout.fadeInEnd = layout.fadeOutStart = layout.fadeOutEnd = -1;
-    layout.gain = nullptr;
+    // The worker works on its own copies (readFeatures takes the plain
+    // fields of the layout only).
+    const tagWaveInfo layout = wave;
     m_worker = std::thread([this, path, layout, lengthMs, generation, cancel = m_cancel] {
         std::vector<SpanProposal> proposals = analyse(path, layout, lengthMs, cancel.get());
         if (*cancel)
@@ -98,7 +97,13 @@ std::unique_ptr<CSpanFeatures> CSpanSuggest::readFeatures(const QString& path,
     const int channels = bits16 ? wave.frameBytes / 2 : wave.frameBytes;
     if (channels < 1 || channels > 2 || wave.sampleRate == 0)
         return {};
-    tagWaveInfo layout = wave;
+    // The song as it is: the plain layout without fades, streams or tables.
+    tagWaveInfo layout{};
+    layout.frameCount = wave.frameCount;
+    layout.sampleRate = wave.sampleRate;
+    layout.frameBytes = wave.frameBytes;
+    layout.silence = wave.silence;
+    layout.volume = 100;
     layout.fadeInStart = layout.fadeInEnd = layout.fadeOutStart = layout.fadeOutEnd = -1;
     auto features = std::make_unique<CSpanFeatures>(int(wave.sampleRate), channels);
     if (!features->isValid())
