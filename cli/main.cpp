@@ -12,6 +12,8 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 #include <vexa.h>
 
@@ -61,18 +63,11 @@ QString jsonSeconds(long long ms)
     return text;
 }
 
+// A JSON string, escaped by Qt's own writer.
 QString jsonString(const QString& text)
 {
-    QString out = "\"";
-    for (const QChar c : text) {
-        if (c == '"' || c == '\\')
-            out += QString("\\") + c;
-        else if (c.unicode() < 0x20)
-            out += QString("\\u%1").arg(int(c.unicode()), 4, 16, QChar('0'));
-        else
-            out += c;
-    }
-    return out + "\"";
+    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(array.mid(1, array.size() - 2)); // without the brackets
 }
 
 // --suggest: each input's proposals on standard output, one line each;

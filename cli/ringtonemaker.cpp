@@ -39,21 +39,23 @@ QString peakText(double dbtp)
     return std::isfinite(dbtp) ? QString::number(dbtp, 'f', 1) + " dBTP" : QString("no peak");
 }
 
-// Removes the editor's temporary WAV of a run, whatever became of the run.
-class TempWaveGuard
+// The editor's parts, as the editor wires them, without a progress pane;
+// the run's temporary WAV is removed with them, whatever became of the run.
+struct EditorParts
 {
-public:
-    explicit TempWaveGuard(CWaveIo& io) : m_io(io) {}
-    ~TempWaveGuard()
-    {
-        if (!m_io.getWavePath().isEmpty())
-            QFile::remove(m_io.getWavePath());
-    }
-    TempWaveGuard(const TempWaveGuard&) = delete;
-    TempWaveGuard& operator=(const TempWaveGuard&) = delete;
+    CWaveModel model;
+    CWavePlayback playback{model};
+    CProgressWait wait;
+    CWaveIo io{playback, &wait};
 
-private:
-    CWaveIo& m_io;
+    EditorParts() { model.setViewWidth(kViewWidth); }
+    ~EditorParts()
+    {
+        if (!io.getWavePath().isEmpty())
+            QFile::remove(io.getWavePath());
+    }
+    EditorParts(const EditorParts&) = delete;
+    EditorParts& operator=(const EditorParts&) = delete;
 };
 
 } // namespace
@@ -171,20 +173,15 @@ int CRingtoneMaker::suggest(const QString& input, long long lengthMs,
     int code = checkInput(input, &m_message);
     if (code != kExitOk)
         return code;
-    CWaveModel model;
-    model.setViewWidth(kViewWidth);
-    CWavePlayback playback(model);
-    CProgressWait wait;
-    CWaveIo io(playback, &wait);
-    TempWaveGuard guard(io);
-    code = decode(input, io, playback);
+    EditorParts parts;
+    code = decode(input, parts.io, parts.playback);
     if (code != kExitOk)
         return code;
-    const tagWaveInfo wave = playback.record();
-    playback.release();
+    const tagWaveInfo wave = parts.playback.record();
+    parts.playback.release();
     *durationMs =
         wave.sampleRate ? static_cast<long long>(wave.frameCount) * 1000 / wave.sampleRate : 0;
-    *proposals = CSpanSuggest::analyse(io.getWavePath(), wave, lengthMs);
+    *proposals = CSpanSuggest::analyse(parts.io.getWavePath(), wave, lengthMs);
     if (!proposals->empty())
         return kExitOk;
     if (*durationMs < kMinSelection) {
@@ -212,22 +209,19 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     code = checkOutput(output, input, m_options.force, &m_message);
     if (code != kExitOk)
         return code;
-    // The editor's parts, as the editor wires them, without a progress pane.
-    CWaveModel model;
-    model.setViewWidth(kViewWidth);
-    CWavePlayback playback(model);
-    CProgressWait wait;
-    CWaveIo io(playback, &wait);
+    EditorParts parts;
+    CWaveModel& model = parts.model;
+    CWavePlayback& playback = parts.playback;
+    CWaveIo& io = parts.io;
     CRingtoneExport ringtone(model, playback, io);
     ringtone.setExportOnly(true);
     ringtone.setKind(m_options.kind);
     // The ringtone's own name is its title.
     ringtone.setTags(QFileInfo(output).completeBaseName(), QString());
-    TempWaveGuard guard(io);
 
     // Decoding is the first half of the work, encoding the second (the
     // export's phase reports 0..50).
-    wait.setPercentReport([&progress](int percent) { progress(percent / 2); });
+    parts.wait.setPercentReport([&progress](int percent) { progress(percent / 2); });
     code = decode(input, io, playback);
     if (code != kExitOk)
         return code;
@@ -275,7 +269,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     }
     staging.close();
 
-    wait.setPercentReport([&progress](int percent) { progress(50 + percent); });
+    parts.wait.setPercentReport([&progress](int percent) { progress(50 + percent); });
     if (ringtone.exportTo(staging.fileName()) < 0) {
         m_message =
             QString("%1: the ringtone could not be encoded into %2").arg(input, out.absolutePath());

@@ -10,22 +10,10 @@ namespace {
 // kMaxFrames squared (a 12-minute song at full detail).
 constexpr std::size_t kMaxFrames = 1600;
 
-struct Frames
+// Averages each `group` neighbouring frames into one.
+std::vector<SpanFeatureFrame> coarsened(const std::vector<SpanFeatureFrame>& in, std::size_t group)
 {
-    std::vector<SpanFeatureFrame> frames;
-    double frameMs = 0.0;
-};
-
-// Averages neighbouring frames until at most kMaxFrames are left.
-Frames coarsened(const std::vector<SpanFeatureFrame>& in, double frameMs)
-{
-    Frames out;
-    const std::size_t group = (in.size() + kMaxFrames - 1) / kMaxFrames;
-    out.frameMs = frameMs * double(std::max<std::size_t>(group, 1));
-    if (group <= 1) {
-        out.frames = in;
-        return out;
-    }
+    std::vector<SpanFeatureFrame> out;
     for (std::size_t first = 0; first < in.size(); first += group) {
         const std::size_t last = std::min(in.size(), first + group);
         SpanFeatureFrame f;
@@ -42,7 +30,7 @@ Frames coarsened(const std::vector<SpanFeatureFrame>& in, double frameMs)
         for (float& c : f.chroma)
             c = norm > 0.0 ? float(c / norm) : 0.0f;
         f.levelDb = float(10.0 * std::log10(std::max(power / double(last - first), 1e-12)));
-        out.frames.push_back(f);
+        out.push_back(f);
     }
     return out;
 }
@@ -94,10 +82,16 @@ std::vector<SpanProposal> CSpanFinder::propose(const std::vector<SpanFeatureFram
         return {};
     if (length >= durationMs || frameMs <= 0.0)
         return {SpanProposal{0, length, 0.0}};
-    const Frames coarse = coarsened(input, frameMs);
-    const std::vector<SpanFeatureFrame>& frames = coarse.frames;
+    // A long song's frames are merged in groups; a song of ordinary length
+    // is used as it is.
+    const std::size_t group =
+        std::max<std::size_t>(1, (input.size() + kMaxFrames - 1) / kMaxFrames);
+    const std::vector<SpanFeatureFrame> merged =
+        group > 1 ? coarsened(input, group) : std::vector<SpanFeatureFrame>();
+    const std::vector<SpanFeatureFrame>& frames = group > 1 ? merged : input;
+    const double stepMs = frameMs * double(group);
     const long long n = static_cast<long long>(frames.size());
-    const long long w = std::max(1LL, std::llround(double(length) / coarse.frameMs));
+    const long long w = std::max(1LL, std::llround(double(length) / stepMs));
     if (length >= durationMs || n <= w)
         return {SpanProposal{0, length, 0.0}};
 
@@ -203,7 +197,7 @@ std::vector<SpanProposal> CSpanFinder::propose(const std::vector<SpanFeatureFram
     for (long long t : order) {
         if (int(proposals.size()) == kSuggestionCount)
             break;
-        const long long begin = std::llround(double(t) * coarse.frameMs);
+        const long long begin = std::llround(double(t) * stepMs);
         const bool overlaps = std::any_of(proposals.begin(), proposals.end(), [&](const auto& p) {
             return std::llabs(p.beginMs - begin) < length / 2;
         });

@@ -153,10 +153,15 @@ private slots:
         QVERIFY(!suggest.next(&p));
         // Clearing while the worker runs returns and nothing is delivered for
         // it afterwards: a new start is answered with its own result.
+        OpenWave tone;
+        QVERIFY(tone.open(m_tone));
         suggest.start(m_song, wave.layout, kSuggestionLengthMs);
         suggest.clear();
-        suggest.start(m_tone, wave.layout, kSuggestionLengthMs);
+        suggest.start(m_tone, tone.layout, kSuggestionLengthMs);
         QTRY_COMPARE_WITH_TIMEOUT(ready.count(), 2, 20000);
+        QVERIFY(!suggest.proposals().empty());
+        for (const SpanProposal& one : suggest.proposals())
+            QVERIFY(one.endMs <= 50000); // the tone's, not the song's
     }
 
     void shouldFindNoneForASoundTooShort()
