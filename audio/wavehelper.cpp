@@ -12,6 +12,7 @@
 
 #include <SDL.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -39,7 +40,26 @@ void AudioPlayCallbackFunc(void* userdata, unsigned char* stream, int length)
     std::memset(stream, info->silence, static_cast<std::size_t>(length));
     if (!info->playFile)
         return;
-    const long pos = std::ftell(info->playFile);
+    long pos = std::ftell(info->playFile);
+    if (info->loopEnd > info->loopStart && info->loopStart <= pos && pos < info->loopEnd) {
+        // Within the loop: read up to its end, go on from its start.
+        int filled = 0;
+        while (filled < length) {
+            const int want = static_cast<int>(std::min<long>(length - filled, info->loopEnd - pos));
+            const std::size_t got =
+                std::fread(stream + filled, 1, static_cast<std::size_t>(want), info->playFile);
+            wav::applyEffects(info, stream + filled, want, pos);
+            filled += want;
+            pos += static_cast<long>(got);
+            if (static_cast<int>(got) < want)
+                break; // the file ends inside the loop: silence, as below
+            if (pos >= info->loopEnd) {
+                std::fseek(info->playFile, info->loopStart, SEEK_SET);
+                pos = info->loopStart;
+            }
+        }
+        return;
+    }
     const std::size_t got = std::fread(stream, 1, static_cast<std::size_t>(length), info->playFile);
     if (got == 0 && info->state != WAVE_STOPPED) {
         info->state = WAVE_STOPPED;
@@ -254,6 +274,24 @@ int WaveHelperFadeOut(tagWaveInfo* info, int start, int length)
         info->fadeOutStart = -1;
         info->fadeOutEnd = -1;
     }
+    return 0;
+}
+
+int WaveHelperSetLoop(tagWaveInfo* info, long long firstFrame, long long endFrame)
+{
+    if (!info)
+        return -1;
+    const long long frames = info->frameCount;
+    firstFrame = std::clamp<long long>(firstFrame, 0, frames);
+    endFrame = std::clamp<long long>(endFrame, 0, frames);
+    AudioLock lock;
+    if (endFrame <= firstFrame || info->frameBytes == 0) {
+        info->loopStart = 0;
+        info->loopEnd = 0;
+        return 0;
+    }
+    info->loopStart = static_cast<long>(firstFrame * info->frameBytes + kDataOffset);
+    info->loopEnd = static_cast<long>(endFrame * info->frameBytes + kDataOffset);
     return 0;
 }
 

@@ -83,6 +83,8 @@ struct tagWaveInfo
     int fadeOutStart;
     int fadeOutEnd;
     const tagWaveGain* gain; // nullptr: the volume applies everywhere
+    long loopStart;          // byte offsets in the file; loopEnd 0 = no loop
+    long loopEnd;
 };
 
 int WaveHelperInit(const char* path, tagWaveInfo* info);
@@ -100,6 +102,10 @@ int WaveHelperFadeOut(tagWaveInfo* info, int start, int length);
 // Sets (or with nullptr takes off) the preview gain. It is never written
 // into the file: closing the record takes it off first.
 int WaveHelperSetGain(tagWaveInfo* info, const tagWaveGain* gain);
+// Plays frames firstFrame..endFrame (exclusive) over and over: reaching
+// endFrame goes on from firstFrame within the same callback, so nothing
+// after the span is ever heard. An empty or negative span takes the loop off.
+int WaveHelperSetLoop(tagWaveInfo* info, long long firstFrame, long long endFrame);
 // Reads `frames` frames from `firstFrame` of the WAV at `path` (laid out as
 // the record's) into `out`, with the record's fades applied exactly as
 // closing the record writes them into the file, chunk for chunk; the

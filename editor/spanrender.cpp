@@ -22,12 +22,6 @@ bool cancelled(const std::atomic<bool>* cancel)
     return cancel && cancel->load(std::memory_order_relaxed);
 }
 
-// A frame of a time, rounded as the media engine cuts a span.
-long long frameAt(long long ms, unsigned rate)
-{
-    return (ms * static_cast<long long>(rate) + 500) / 1000;
-}
-
 void put16(QByteArray* out, unsigned v)
 {
     out->append(char(v & 0xFF));
@@ -41,6 +35,11 @@ void put32(QByteArray* out, unsigned v)
 }
 
 } // namespace
+
+long long spanFrameAt(long long ms, unsigned rate)
+{
+    return (ms * static_cast<long long>(rate) + 500) / 1000;
+}
 
 tagWaveInfo spanLayout(const tagWaveInfo& wave)
 {
@@ -89,8 +88,9 @@ bool CSpanRender::read(const tagWaveInfo& wave, const QString& path, long long b
     const int channels = bits16 ? wave.frameBytes / 2 : wave.frameBytes;
     if (channels < 1 || channels > 2 || wave.sampleRate == 0 || endMs <= beginMs || beginMs < 0)
         return false;
-    const long long first = frameAt(beginMs, wave.sampleRate);
-    const long long last = std::min<long long>(frameAt(endMs, wave.sampleRate), wave.frameCount);
+    const long long first = spanFrameAt(beginMs, wave.sampleRate);
+    const long long last =
+        std::min<long long>(spanFrameAt(endMs, wave.sampleRate), wave.frameCount);
     if (last <= first)
         return false;
 

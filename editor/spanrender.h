@@ -42,6 +42,10 @@ constexpr double kMaxNormalizeGainDb = 40.0;
 // fields the GUI thread writes, none of those the audio thread touches.
 tagWaveInfo spanLayout(const tagWaveInfo& wave);
 
+// The frame of a time, rounded as the media engine cuts a span: where the
+// export's selection begins and ends.
+long long spanFrameAt(long long ms, unsigned rate);
+
 // The target of a choice; NaN for Off.
 double normalizeTarget(Normalize choice);
 

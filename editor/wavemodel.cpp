@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 CWaveModel::CWaveModel() = default;
@@ -86,6 +87,33 @@ void CWaveModel::setSelection(long long begin, long long end)
     m_endTime = end;
 }
 
+bool CWaveModel::nudgeBeginEdge(long long ms)
+{
+    const long long lowest = std::max(0LL, m_endTime - kMaxSelection);
+    const long long highest = m_endTime - kMinSelection;
+    if (highest < lowest)
+        return false;
+    const long long begin = std::clamp(m_beginTime + ms, lowest, highest);
+    if (begin == m_beginTime)
+        return false;
+    m_beginTime = begin;
+    return true;
+}
+
+bool CWaveModel::nudgeEndEdge(long long ms)
+{
+    const long long lowest = m_beginTime + kMinSelection;
+    const long long highest =
+        std::min(static_cast<long long>(m_maxTime), m_beginTime + kMaxSelection);
+    if (highest < lowest)
+        return false;
+    const long long end = std::clamp(m_endTime + ms, lowest, highest);
+    if (end == m_endTime)
+        return false;
+    m_endTime = end;
+    return true;
+}
+
 // --- zoom ----------------------------------------------------------------------
 
 float CWaveModel::minZoom() const
@@ -141,16 +169,29 @@ int CWaveModel::actionAt(int x, int y, int viewHeight, int barHeight) const
         return MM_NONE;
     const int b = timeToX(m_beginTime);
     const int e = timeToX(m_endTime);
-    // The begin edge wins over the end edge, both over the play cursor.
-    if (b - 2 < x && x < b + 2)
-        return MM_BEGIN_EDGE;
-    if (e - 2 < x && x < e + 2)
-        return MM_END_EDGE;
-    if (b + 2 < x && x < e - 2)
+    // The nearer edge within its grab zone (the begin on a tie), then the
+    // inside, then the play cursor.
+    const int toBegin = std::abs(x - b);
+    const int toEnd = std::abs(x - e);
+    if (toBegin <= kEdgeGrab || toEnd <= kEdgeGrab)
+        return toBegin <= toEnd ? MM_BEGIN_EDGE : MM_END_EDGE;
+    if (b < x && x < e)
         return MM_MOVE;
     if (p - 2 < x && x < p + 2)
         return MM_PLAY_CURSOR;
     return MM_NONE;
+}
+
+void CWaveModel::pressAt(int x)
+{
+    m_pressX = x;
+    m_moved = false;
+}
+
+void CWaveModel::pointerAt(int x)
+{
+    if (x != m_pressX)
+        m_moved = true;
 }
 
 void CWaveModel::startNewSelection(int x)

@@ -32,6 +32,8 @@ constexpr float kMaxZoom = 5.0f;
 constexpr float kZoomStep = 0.5f;
 // Pixels at either side of the view where a drag scrolls along.
 constexpr int kEdgeZone = 10;
+// Pixels on either side of a selection edge that grab it.
+constexpr int kEdgeGrab = 6;
 // The ruler band above the wave area (pixel rows 0..17).
 constexpr int kRulerBottom = 17;
 
@@ -76,6 +78,11 @@ public:
     long long endTime() const { return m_endTime; }
     long long playPos() const { return m_playPos; }
 
+    // Keyboard edge moves: one edge by ms, held to the 5 s minimum, the
+    // 40 h maximum and the song; the other edge stays. Whether it moved.
+    bool nudgeBeginEdge(long long ms);
+    bool nudgeEndEdge(long long ms);
+
     // --- zoom and scroll ---------------------------------------------------
     // The zoom at which the whole wave fits the view, but never above 1.
     float minZoom() const;
@@ -118,6 +125,12 @@ public:
     Step dragEndEdge(int x);
     // Whether an edge released at x still reports the selection.
     bool edgeReleaseCounts(int x) const;
+    // A press that is a click unless the pointer moves before the release
+    // (a click moves the play position, a drag selects or moves).
+    void pressAt(int x);
+    void pointerAt(int x);
+    bool isClick() const { return !m_moved; }
+    int pressX() const { return m_pressX; }
     // The play cursor follows the pointer within the song; no signal until
     // the release, which answers whether the cursor moved.
     Step dragPlayCursor(int x);
@@ -151,6 +164,8 @@ private:
     long long m_endTime = kMaxSelection;
     long long m_beginTime = 0;
     int m_dragX = 0;
+    int m_pressX = 0;
+    bool m_moved = false;
     float m_msPerPixel = kMsPerPixelAtZoom1;
     float m_maxZoomValue = kMaxZoom;
     float m_fitMsPerPixel = 0.0f;

@@ -155,6 +155,7 @@ void CWavePlayback::do_play()
 {
     applyEffect(bPreview);
     installGain();
+    installLoop();
     if (WaveHelperPlay(&wave) == 0) {
         // It was playing: the engine toggled to pause.
         pause();
@@ -213,7 +214,7 @@ void CWavePlayback::tick()
     if (m_model.mouseMode() == MM_PLAY_CURSOR)
         return;
     const long long pos = WaveHelperGetPos(&wave);
-    if (bPreview && pos > m_model.endTime()) {
+    if (bPreview && pos > m_model.endTime() && !m_looping) {
         pause();
         m_model.setPlayPos(m_model.endTime());
         bPreview = false;
@@ -235,6 +236,43 @@ void CWavePlayback::tick()
     }
     m_model.setPlayPos(pos);
     emit playPosChange(pos);
+    emit changed();
+}
+
+void CWavePlayback::setLooping(bool on)
+{
+    m_looping = on;
+    installLoop();
+}
+
+void CWavePlayback::selectionChanged()
+{
+    installLoop();
+}
+
+void CWavePlayback::installLoop()
+{
+    if (bPreview && m_looping && isOpen())
+        WaveHelperSetLoop(&wave, spanFrameAt(m_model.beginTime(), wave.sampleRate),
+                          spanFrameAt(m_model.endTime(), wave.sampleRate));
+    else
+        WaveHelperSetLoop(&wave, 0, 0);
+}
+
+void CWavePlayback::seek(long long ms)
+{
+    if (!isOpen())
+        return;
+    const long long to = std::clamp<long long>(ms, 0, static_cast<long long>(m_model.maxTime()));
+    m_model.setPlayPos(to);
+    if (WaveHelperGetState(&wave) == WAVE_PLAYING) {
+        WaveHelperPause(&wave);
+        WaveHelperSetPos(&wave, to);
+        do_play();
+    } else {
+        WaveHelperSetPos(&wave, to);
+    }
+    emit playPosChange(to);
     emit changed();
 }
 

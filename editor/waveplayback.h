@@ -100,6 +100,16 @@ public:
     // The play cursor was dropped on a new place: a playing engine goes on
     // from there.
     void cursorMoved();
+    // Loop preview: the preview plays the selection again from its begin,
+    // fades and gain included, until paused. Takes effect at once while
+    // previewing.
+    void setLooping(bool on);
+    bool isLooping() const { return m_looping; }
+    // The selection changed: a looping preview loops the new one.
+    void selectionChanged();
+    // Moves the play position (clamped to the song); a playing engine goes
+    // on from there. playPosChange.
+    void seek(long long ms);
 
 signals:
     void onPlay(long long pos, bool bPreview);
@@ -129,4 +139,8 @@ private:
     void putFades(tagWaveInfo* record, bool on) const;
     // Puts the preview gain on the engine while previewing, else takes it off.
     void installGain();
+    // Puts the selection's loop on the engine while a looping preview
+    // plays, else takes it off.
+    void installLoop();
+    bool m_looping = false;
 };

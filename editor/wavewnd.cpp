@@ -19,6 +19,7 @@
 #include <QScrollBar>
 #include <QShowEvent>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -31,6 +32,15 @@ QTime toTime(long long ms)
 
 // What no wave's page length is.
 constexpr int kEmptyPageLength = 100;
+
+// A time as a listener says it: 3:25, or 1:02:03 past an hour.
+QString spoken(long long ms)
+{
+    const long long s = std::max(0LL, ms) / 1000;
+    if (s >= 3600)
+        return QString::asprintf("%lld:%02lld:%02lld", s / 3600, s / 60 % 60, s % 60);
+    return QString::asprintf("%lld:%02lld", s / 60, s % 60);
+}
 
 } // namespace
 
@@ -45,6 +55,8 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
 {
     m_model->setViewWidthSource([this] { return width(); });
     setContentsMargins(0, 0, 0, 0);
+    setFocusPolicy(Qt::StrongFocus);
+    describeSelection();
     initScrollBar();
     setAcceptDrops(true);
 
@@ -76,8 +88,51 @@ int CWaveWnd::drawHeight() const
 
 void CWaveWnd::emitSelectChange()
 {
+    m_playback->selectionChanged();
+    describeSelection();
     emit selectChange(toTime(m_model->beginTime()), toTime(m_model->endTime()));
     refreshLevels();
+}
+
+void CWaveWnd::describeSelection()
+{
+    setAccessibleDescription(
+        tr("Space plays, Shift+Space previews the selection, I and O set its start and end, Alt "
+           "and Ctrl with the arrow keys move its edges"));
+    if (!m_playback->isOpen()) {
+        setAccessibleName(tr("Waveform, no song open"));
+        return;
+    }
+    setAccessibleName(tr("Selection %1 to %2 of %3")
+                          .arg(spoken(m_model->beginTime()), spoken(m_model->endTime()),
+                               spoken(static_cast<long long>(m_model->maxTime()))));
+}
+
+void CWaveWnd::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        describeSelection();
+    QWidget::changeEvent(event);
+}
+
+void CWaveWnd::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update(); // the focus frame
+}
+
+void CWaveWnd::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+void CWaveWnd::showTime(long long ms)
+{
+    const int x = m_model->timeToX(ms);
+    if (x < 0 || x >= width())
+        scrollBar->setValue(std::clamp(static_cast<int>(ms / m_model->msPerPixel()) - width() / 2,
+                                       0, std::max(0, m_model->scrollRange())));
 }
 
 void CWaveWnd::scrollBy(int step)
@@ -352,6 +407,7 @@ void CWaveWnd::closeWave()
     m_levels->clear();
     m_suggest->clear();
     m_playback->setPreviewLevels(nullptr);
+    describeSelection();
 }
 
 // --- playback ----------------------------------------------------------------
@@ -384,4 +440,84 @@ void CWaveWnd::stop()
 void CWaveWnd::timerEvent()
 {
     m_playback->tick();
+}
+
+// --- keyboard ------------------------------------------------------------------
+
+void CWaveWnd::togglePlay()
+{
+    if (!m_playback->isOpen())
+        return;
+    if (m_playback->engineState() == WAVE_PLAYING)
+        pause();
+    else
+        play();
+}
+
+void CWaveWnd::togglePreview()
+{
+    if (!m_playback->isOpen())
+        return;
+    // A preview that plays pauses; anything else previews from the begin.
+    preview();
+}
+
+void CWaveWnd::pausePlaying()
+{
+    if (m_playback->isOpen() && m_playback->engineState() == WAVE_PLAYING)
+        pause();
+}
+
+void CWaveWnd::setLooping(bool on)
+{
+    m_playback->setLooping(on);
+}
+
+void CWaveWnd::seekBy(long long ms)
+{
+    if (!m_playback->isOpen())
+        return;
+    m_playback->seek(m_model->playPos() + ms);
+    showTime(m_model->playPos());
+}
+
+void CWaveWnd::toBegin()
+{
+    if (!m_playback->isOpen())
+        return;
+    m_playback->seek(m_model->beginTime());
+    showTime(m_model->playPos());
+}
+
+void CWaveWnd::toEnd()
+{
+    if (!m_playback->isOpen())
+        return;
+    m_playback->seek(m_model->endTime());
+    showTime(m_model->playPos());
+}
+
+void CWaveWnd::nudgeBegin(long long ms)
+{
+    if (!m_playback->isOpen() || !m_model->nudgeBeginEdge(ms))
+        return;
+    showTime(m_model->beginTime());
+    emitSelectChange();
+    update();
+}
+
+void CWaveWnd::nudgeEnd(long long ms)
+{
+    if (!m_playback->isOpen() || !m_model->nudgeEndEdge(ms))
+        return;
+    showTime(m_model->endTime());
+    emitSelectChange();
+    update();
+}
+
+void CWaveWnd::setSelection(long long begin, long long end)
+{
+    m_model->setSelection(begin, end);
+    emitSelectChange();
+    update();
 }

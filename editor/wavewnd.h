@@ -34,6 +34,7 @@ class CWaveModel;
 class CWavePlayback;
 class QDragEnterEvent;
 class QDropEvent;
+class QFocusEvent;
 class QImage;
 class QMouseEvent;
 class QPaintEvent;
@@ -104,6 +105,8 @@ public:
     void drawWave(QPainter* painter, int width, int height);
     void highLightSelectArea(QImage* image);
     void drawTimeScale(QPainter* painter, int width, int height);
+    // The fades over the selection's panel, as the engine applies them.
+    void drawFades(QPainter* painter, const QRect& panel);
     void drawPlay(QPainter* painter, int width, int height);
 
     // --- mouse ---
@@ -128,6 +131,8 @@ signals:
     void onPlay(long long pos, bool bPreview);
     void onPause(bool bPreview);
     void onStop();
+    // A mouse gesture on the wave ended (a drag, however long, is one).
+    void gestureFinished();
 
 public slots:
     void moveRequest(int value);
@@ -150,6 +155,25 @@ public slots:
     void setEndTime();
     int convertToM4r(QString m4rPath);
 
+    // --- keyboard -----------------------------------------------------------
+    // Plays or pauses the song; previews the selection or pauses it.
+    void togglePlay();
+    void togglePreview();
+    // Pauses whatever plays.
+    void pausePlaying();
+    // Loop preview on or off.
+    void setLooping(bool on);
+    // Moves the play position by ms (clamped to the song), or to the
+    // selection's begin or end.
+    void seekBy(long long ms);
+    void toBegin();
+    void toEnd();
+    // Moves one edge of the selection by ms, the other staying.
+    void nudgeBegin(long long ms);
+    void nudgeEnd(long long ms);
+    // A selection restored as it was (undo and redo): no rules applied.
+    void setSelection(long long begin, long long end);
+
 private slots:
     void timerEvent();
     void do_play();
@@ -163,6 +187,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     // The no-argument timerEvent() slot would hide QObject's virtual one.
     using QWidget::timerEvent;
@@ -176,6 +203,10 @@ private:
     void levelsMeasured();
     // Moves the scroll bar by a gesture's step (which scrolls the view).
     void scrollBy(int step);
+    // The accessible name: the selection in words.
+    void describeSelection();
+    // Scrolls so that a time is in view.
+    void showTime(long long ms);
 
     QScrollBar* scrollBar;
     int reservedConst; // 11; set by the constructor, read by nothing
@@ -186,4 +217,6 @@ private:
     std::unique_ptr<CSelectionLevels> m_levels;
     std::unique_ptr<CSpanSuggest> m_suggest;
     std::unique_ptr<QPoint[]> points;
+    // The press may still turn out a click (no move before the release).
+    bool m_clickPending = false;
 };

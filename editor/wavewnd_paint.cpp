@@ -1,6 +1,6 @@
 // CWaveWnd drawing: the ruler, the selection panel, the wave as a one-pixel
-// polyline and the play cursor, all drawn into one off-screen image per paint
-// that is then copied to the widget in one go.
+// polyline, the fades as ramps, the play cursor and the focus frame, all drawn into one off-screen
+// image per paint that is then copied to the widget in one go.
 
 #include "editor/wavecolumns.h"
 #include "editor/wavemodel.h"
@@ -12,11 +12,13 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPolygonF>
 #include <QScrollBar>
 #include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -66,8 +68,14 @@ void CWaveWnd::paintEvent(QPaintEvent* /*event*/)
 
         drawWave(&painter, w, h);
         highLightSelectArea(&image);
+        drawFades(&painter, panel);
         drawTimeScale(&painter, w, h);
         drawPlay(&painter, w, h);
+        if (hasFocus()) {
+            // The keyboard's focus: a ring inside the edge, as the controls'.
+            painter.setPen(QPen(QColor(50, 160, 251), 2));
+            painter.drawRect(QRectF(1, 1, w - 2, h - 2));
+        }
     }
 
     QPainter widgetPainter(this);
@@ -203,27 +211,94 @@ void CWaveWnd::highLightSelectArea(QImage* image)
     }
 }
 
+void CWaveWnd::drawFades(QPainter* painter, const QRect& panel)
+{
+    if (!m_playback->isOpen() || panel.width() <= 0)
+        return;
+    const CWaveModel& m = *m_model;
+    // Where the engine puts the fades: whole seconds, the fade-out one
+    // second past the selection's last second.
+    struct Ramp
+    {
+        long long from;
+        long long to;
+        bool rising;
+    };
+    QVarLengthArray<Ramp, 2> ramps;
+    const long long second = 1000;
+    if (m_playback->isFadeInOn() && m_playback->getFadeInLength() > 0) {
+        const long long from = m.beginTime() / second * second;
+        ramps.append({from, from + m_playback->getFadeInLength() * second, true});
+    }
+    if (m_playback->isFadeOutOn() && m_playback->getFadeOutLength() > 0) {
+        const long long from = (m.endTime() / second - m_playback->getFadeOutLength()) * second;
+        ramps.append({from, from + (m_playback->getFadeOutLength() + 1) * second, false});
+    }
+    if (ramps.isEmpty())
+        return;
+    painter->save();
+    painter->setClipRect(panel);
+    painter->setRenderHint(QPainter::Antialiasing, true);
+    const qreal top = panel.top();
+    const qreal bottom = panel.bottom();
+    for (const Ramp& r : ramps) {
+        const qreal x0 = r.from / m.msPerPixel() - m.scrollX();
+        const qreal x1 = r.to / m.msPerPixel() - m.scrollX();
+        // The part the fade takes away is veiled; the ramp is the gain.
+        QPolygonF veil;
+        if (r.rising)
+            veil << QPointF(x0, top) << QPointF(x1, top) << QPointF(x0, bottom);
+        else
+            veil << QPointF(x0, top) << QPointF(x1, top) << QPointF(x1, bottom);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QColor(255, 255, 255, 120));
+        painter->drawPolygon(veil);
+        painter->setPen(QPen(QColor(255, 255, 255, 230), 1.5));
+        painter->drawLine(r.rising ? QLineF(x0, bottom, x1, top) : QLineF(x0, top, x1, bottom));
+    }
+    painter->restore();
+}
+
+namespace {
+
+// The ruler's steps: a label every `label` ms, a tick every `tick` ms.
+struct RulerStep
+{
+    long long label;
+    long long tick;
+};
+constexpr RulerStep kRulerSteps[] = {{5000, 1000},      {10000, 2000},      {15000, 5000},
+                                     {30000, 10000},    {60000, 10000},     {300000, 60000},
+                                     {600000, 120000},  {900000, 300000},   {1800000, 600000},
+                                     {3600000, 600000}, {7200000, 1800000}, {18000000, 3600000}};
+// Labels stand at least this far apart, ticks at least this far.
+constexpr double kMinLabelSpacing = 90.0;
+constexpr double kMinTickSpacing = 6.0;
+
+} // namespace
+
 void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
 {
     const int scrollX = m_model->scrollX();
-    const float msPerPixel = m_model->msPerPixel();
+    const double msPerPixel = m_model->msPerPixel();
     painter->setPen(QPen(QColor(86, 86, 86), 1));
     QFont rulerFont = font();
     rulerFont.setPixelSize(9);
     painter->setFont(rulerFont);
 
-    // A tick every 5 pixels of the whole wave is counted; every fifth is
-    // drawn, and every fifth drawn one, counted from the left edge of the
-    // view, is labelled, so labels move with scrolling.
-    int i = scrollX / 5;
-    if (i == 0) {
-        painter->drawLine(0, kRulerBaseline, 0, 28);
-        i = 1;
-    } else {
-        i = i + 1;
+    // Labels fall on round times (every 5, 10, 15 or 30 seconds or minutes,
+    // as the zoom allows), so they keep their times while scrolling.
+    RulerStep step = kRulerSteps[std::size(kRulerSteps) - 1];
+    for (const RulerStep& candidate : kRulerSteps) {
+        if (candidate.label / msPerPixel >= kMinLabelSpacing) {
+            step = candidate;
+            break;
+        }
     }
-    int x = 5 * i - scrollX;
-    int drawn = 0;
+    long long tick = step.tick;
+    while (tick / msPerPixel < kMinTickSpacing && tick < step.label)
+        tick = step.label;
+
     // The faint grid lines go down in one batch after the ticks: they only
     // meet a tick on the baseline row, which the baseline covers anyway.
     // Each is drawn in pieces of at most 80 rows: the raster engine hands a
@@ -234,26 +309,31 @@ void CWaveWnd::drawTimeScale(QPainter* painter, int width, int height)
         for (int y = kRulerBaseline; y <= height; y += 80)
             grid.append(QLine(gx, y, gx, std::min(y + 79, height)));
     };
-    while (x <= width) {
-        if (i % 5 == 0) {
-            int top = 16;
-            if (drawn % 5 == 0) {
-                const long long t = std::max(0LL, static_cast<long long>(5 * i * msPerPixel));
-                const long long hours = t / 3600000;
-                const long long minutes = t / 60000 - 60 * hours;
-                const long long seconds = t / 1000 - 3600 * hours - 60 * minutes;
-                const QString text =
-                    QString::asprintf("%02d:%02d:%02d", int(hours), int(minutes), int(seconds));
-                painter->drawText(x - 20, 10, text);
-                top = 13;
-            }
-            painter->drawLine(x, top, x, kRulerBaseline);
-            addGridLine(x);
-            ++drawn;
+    const long long leftMs = static_cast<long long>(scrollX * msPerPixel);
+    const long long rightMs = static_cast<long long>((scrollX + width + 1) * msPerPixel);
+    for (long long t = leftMs / tick * tick; t <= rightMs; t += tick) {
+        const int x = static_cast<int>(std::lround(t / msPerPixel)) - scrollX;
+        if (x < 0 || x > width)
+            continue;
+        int top = 16;
+        const bool labelled = t % step.label == 0;
+        if (labelled) {
+            const long long hours = t / 3600000;
+            const long long minutes = t / 60000 - 60 * hours;
+            const long long seconds = t / 1000 - 3600 * hours - 60 * minutes;
+            const QString text =
+                QString::asprintf("%02d:%02d:%02d", int(hours), int(minutes), int(seconds));
+            painter->drawText(x == 0 ? 2 : x - 20, 10, text);
+            top = 13;
         }
-        ++i;
-        x = 5 * i - scrollX;
+        painter->drawLine(x, top, x, kRulerBaseline);
+        // The faint grid marks the labelled times only.
+        if (labelled && x > 0)
+            addGridLine(x);
     }
+    // The start of the song has a short line below the ruler.
+    if (scrollX / 5 == 0)
+        painter->drawLine(0, kRulerBaseline, 0, 28);
     painter->save();
     painter->setPen(QPen(QColor(37, 37, 37), 1));
     painter->setOpacity(0.05);

@@ -67,6 +67,10 @@ void CFilterEdit::retranslate()
     }
     m_clearBtn->setToolTip(tr("Clear"));
     m_filterTypeBtn->setToolTip(tr("Filter"));
+    // What a screen reader says of the buttons inside the field.
+    m_clearBtn->setAccessibleName(tr("Clear"));
+    m_filterTypeBtn->setAccessibleName(tr("Search in"));
+    m_filterBtn->setAccessibleName(tr("Search"));
     // A language change therefore drops what was typed.
     setText(tr("Filter"));
 }

@@ -17,6 +17,7 @@ PACKAGES=(
   fonts-dejavu-core fonts-wqy-microhei
   hyperfine time
   fluidsynth timgm6mb-soundfont
+  python3-pyatspi at-spi2-core dbus-daemon
   clang clang-format libclang-rt-14-dev
   frozen-bubble-data
   desktop-file-utils appstream dpkg-dev file

@@ -2,6 +2,7 @@
 
 #include "ui/mainwnd.h"
 
+#include "editor/edithistory.h"
 #include "editor/waveio.h"
 #include "editor/wavewnd.h"
 #include "engine/previewwnd.h"
@@ -13,6 +14,7 @@
 #include "library/ringtonemodel.h"
 #include "library/ringtonesortproxymodel.h"
 #include "ui/aboutdlg.h"
+#include "ui/accessiblefactory.h"
 #include "ui/hellownd.h"
 #include "ui/optiondlg.h"
 #include "ui/ringtonenotice.h"
@@ -53,6 +55,7 @@ template <typename Dialog> Dialog* makeOwnedDialog(QWidget* parent, const char* 
 
 CMainWnd::CMainWnd(QWidget* parent, Qt::WindowFlags flags) : QDialog(parent, flags)
 {
+    installAccessibleFactory();
     auto* top = new QVBoxLayout(this);
     top->setContentsMargins(0, 0, 0, 0);
     top->setSpacing(0);
@@ -95,6 +98,7 @@ CMainWnd::CMainWnd(QWidget* parent, Qt::WindowFlags flags) : QDialog(parent, fla
     m_update = std::make_unique<CUpdate>();
     connect(m_update.get(), &CUpdate::SendUInfo, this, &CMainWnd::OnUInfo);
 
+    setupKeyboard();
     retranslate();
     setFixedSize(kWindowWidth, kWindowHeight);
     // The flags above ask to stay on top; this first call takes that back.
@@ -354,12 +358,6 @@ void CMainWnd::showvideo()
     const bool show = m_previewWnd->isHidden();
     m_showVideoBtn->setChecked(show);
     m_previewWnd->setVisible(show);
-}
-
-void CMainWnd::keyPressEvent(QKeyEvent* event)
-{
-    // Escape rejects the dialog, which closes the window and ends the program.
-    QDialog::keyPressEvent(event);
 }
 
 void CMainWnd::preview() {}

@@ -7,7 +7,8 @@
 // through Qt parents (the update client by unique_ptr). GUI thread.
 // The code is split: assembly, navigation and imports here (mainwnd.cpp),
 // the editing controls and the convert flow in mainwnd_controls.cpp, the
-// menu bar, links, language, updates and problem reports in mainwnd_menu.cpp.
+// menu bar, links, language, updates and problem reports in mainwnd_menu.cpp,
+// the keyboard, undo and what screen readers hear in mainwnd_keys.cpp.
 
 #include "engine/ringtonenode.h"
 #include "library/librarytypes.h"
@@ -21,6 +22,8 @@
 #include <memory>
 
 class CAboutDlg;
+class CEditHistory;
+struct EditState;
 class CFilterEdit;
 class CHelloWnd;
 class CLibraryModel;
@@ -41,6 +44,7 @@ class CWaveWnd;
 class QAction;
 class QActionGroup;
 class QCheckBox;
+class QCloseEvent;
 class QFrame;
 class QLabel;
 class QListView;
@@ -132,10 +136,18 @@ public slots:
     void suggest();
     // The proposals are in, or gone: the button and the menu command follow.
     void suggestionsChanged();
+    // Undo and redo of the editor's settings (selection, fades, volume,
+    // normalize, kind), one step a gesture; cleared when a song opens.
+    void undo();
+    void redo();
+    // A gesture ended: its settings become one step of undo.
+    void commitEdit();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* createITunesWidget();
@@ -146,6 +158,18 @@ private:
     QWidget* creatrPlayWidget(QWidget* parent);
     QWidget* CreateSetingWidget(QWidget* parent);
     void createMenuBar();
+    // The Edit and Play menus and the editor's keys (mainwnd_keys.cpp).
+    void createKeyActions();
+    // Focus policies and order, buddies, and the undo steps' sources.
+    void setupKeyboard();
+    // The texts of the keys' commands, tool-tips with keys, accessible names.
+    void retranslateKeys();
+    // The play and preview buttons' tool-tips and names, with their keys.
+    void playKeysChanged();
+    EditState currentEdit() const;
+    void applyEdit(const EditState& state);
+    void resetHistory();
+    void updateUndoActions();
     // Where a written ringtone goes: in `dir`, the name made safe for a
     // file; asks before replacing a ringtone of that name in the library.
     // Empty when the user would rather not.
@@ -227,6 +251,13 @@ private:
     QToolButton* m_twitterBtn = nullptr;
     QToolButton* m_facebookBtn = nullptr;
 
+    // Undo and redo.
+    std::unique_ptr<CEditHistory> m_history;
+    int m_restoring = 0; // an undo step is being put back: no new steps
+    int m_batch = 0;     // several changes that make one step
+    int m_writing = 0;   // a ringtone is being written
+    bool m_closeWhenWritten = false;
+
     // The menu bar.
     QMenuBar* m_menuBar = nullptr;
     QMenu* m_fileMenu = nullptr;
@@ -252,4 +283,24 @@ private:
     QAction* m_clipwellAct = nullptr;
     QAction* m_discwellAct = nullptr;
     QAction* m_crashReportAct = nullptr;
+    // The Edit and Play menus.
+    QMenu* m_editMenu = nullptr;
+    QMenu* m_playMenu = nullptr;
+    QAction* m_undoAct = nullptr;
+    QAction* m_redoAct = nullptr;
+    QAction* m_setBeginAct = nullptr;
+    QAction* m_setEndAct = nullptr;
+    QAction* m_beginEarlierAct = nullptr;
+    QAction* m_beginLaterAct = nullptr;
+    QAction* m_endEarlierAct = nullptr;
+    QAction* m_endLaterAct = nullptr;
+    QAction* m_playAct = nullptr;
+    QAction* m_previewAct = nullptr;
+    QAction* m_loopAct = nullptr;
+    QAction* m_backAct = nullptr;
+    QAction* m_forwardAct = nullptr;
+    QAction* m_toBeginAct = nullptr;
+    QAction* m_toEndAct = nullptr;
+    QAction* m_zoomInAct = nullptr;
+    QAction* m_zoomOutAct = nullptr;
 };

@@ -318,6 +318,10 @@ void CMainWnd::waveOpened(CRingToneNode Ringtong)
     m_fadeInSpin->setRange(0, totalMs);
     m_fadeOutSpin->setRange(0, totalMs);
     suggestionsChanged();
+    // Another song starts without steps to undo; the reload after writing
+    // a ringtone is the same song.
+    if (m_writing == 0)
+        resetHistory();
 }
 
 void CMainWnd::selectchange(QTime begintime, QTime endtime)
@@ -342,6 +346,7 @@ void CMainWnd::selectchange(QTime begintime, QTime endtime)
     // Seconds of each end truncated apart, then subtracted: 10.9 s to
     // 40.1 s reads 30s.
     m_selectTimeLenLabel->setText(QStringLiteral("%1s").arg(end / 1000 - begin / 1000));
+    commitEdit();
 }
 
 void CMainWnd::playPosChanged(long long lPos)
@@ -407,6 +412,7 @@ void CMainWnd::volumeChanged(int n)
 {
     const QSignalBlocker blocker(m_volumeSlider);
     m_volumeSlider->setValue(n);
+    m_volumeSlider->setToolTip(tr("Volume: %1%").arg(n));
 }
 
 void CMainWnd::onPlay(long long lPos, bool bPreview)
@@ -437,6 +443,7 @@ void CMainWnd::changeToolTip()
 {
     m_playBtn->setToolTip(m_playBtn->isChecked() ? tr("Pause") : tr("Play"));
     m_previewBtn->setToolTip(m_previewBtn->isChecked() ? tr("Pause") : tr("Preview Selected"));
+    playKeysChanged();
 }
 
 // --- to the editor ----------------------------------------------------------
@@ -474,10 +481,13 @@ void CMainWnd::suggest()
     // As if typed: an end first when the begin would pass the old end (the
     // begin field refuses that), then the begin, which drags the end along,
     // then the end where it belongs.
+    ++m_batch; // one step of undo
     if (proposal.beginMs >= CTimeConvert::timeToLong(m_endTime->time()))
         setEnd(CTimeConvert::longToTime(long(end)));
     setBegin(begin);
     setEnd(CTimeConvert::longToTime(long(end)));
+    --m_batch;
+    commitEdit();
 }
 
 void CMainWnd::suggestionsChanged()
@@ -499,6 +509,7 @@ void CMainWnd::fadeInChecked(int state)
     const bool on = state != Qt::Unchecked;
     m_fadeInSpin->setEnabled(on);
     m_waveWnd->enableFadeIn(on);
+    commitEdit();
 }
 
 void CMainWnd::fadeOutChecked(int state)
@@ -506,6 +517,7 @@ void CMainWnd::fadeOutChecked(int state)
     const bool on = state != Qt::Unchecked;
     m_fadeOutSpin->setEnabled(on);
     m_waveWnd->enableFadeOut(on);
+    commitEdit();
 }
 
 void CMainWnd::closeWave()
@@ -559,10 +571,20 @@ void CMainWnd::convert()
     // The name as the user gave it is the title; the song's artist stays.
     ringtone.setTags(name, m_current.strArtist);
     m_mainStack->setCurrentIndex(2);
-    if (m_waveWnd->convertToM4r(path) < 0) {
+    ++m_writing;
+    const int written = m_waveWnd->convertToM4r(path);
+    --m_writing;
+    if (m_closeWhenWritten) {
+        // Asked to close while it was being written.
+        m_closeWhenWritten = false;
+        close();
+        return;
+    }
+    if (written < 0) {
         notityConvertFailed(1);
         return;
     }
+    commitEdit();
     m_mainStack->setCurrentIndex(1);
     m_notice->showMade(ringtone.handedOver() ? CRingtoneExport::libraryPath(name, kind) : path,
                        ringtone.handedOver());

@@ -78,6 +78,10 @@ void CMainWnd::createMenuBar()
     connect(m_closeAct, &QAction::triggered, this, &QDialog::accept);
     m_fileMenu->addAction(m_closeAct);
 
+    createKeyActions();
+    m_menuBar->addMenu(m_editMenu);
+    m_menuBar->addMenu(m_playMenu);
+
     m_windowsMenu = m_menuBar->addMenu(tr("Windows"));
     m_minimizeAct = new QAction("&Minimize", this);
     m_minimizeAct->setShortcut(QKeySequence(tr("Ctrl+M")));
@@ -112,6 +116,7 @@ void CMainWnd::createMenuBar()
     m_helpMenu->addAction(m_upgradeAct);
     m_supportAct = action(m_helpMenu, "&Support", &CMainWnd::support);
     m_helpTopicAct = action(m_helpMenu, "&Help Topic", &CMainWnd::guide);
+    m_helpTopicAct->setShortcut(QKeySequence::HelpContents);
     m_optionAct = action(m_helpMenu, "&Option", &CMainWnd::option);
     m_optionAct->setMenuRole(QAction::PreferencesRole);
 
@@ -153,18 +158,18 @@ void CMainWnd::retranslate()
     m_twitterBtn->setToolTip(tr("Tweet Your Ringtone"));
     m_facebookBtn->setToolTip(tr("Find us on Facebook"));
 
-    // The menu loses most mnemonics here, while "Check &Upgrade" and the
-    // Extras keep theirs, and "chinese" is in lower case: these are the
-    // translation keys.
-    m_fileMenu->setTitle(tr("File"));
+    // The menu items lose most mnemonics here, while "Check &Upgrade" and
+    // the Extras keep theirs: these are the translation keys. The titles
+    // have theirs (Alt+F opens File).
+    m_fileMenu->setTitle(tr("&File"));
     m_saveAsAct->setText(tr("Save As"));
     m_suggestAct->setText(tr("Suggest the &Best Part"));
     m_closeAct->setText(tr("Close"));
-    m_windowsMenu->setTitle(tr("Windows"));
+    m_windowsMenu->setTitle(tr("&Windows"));
     m_openAct->setText(tr("Open"));
     m_minimizeAct->setText(tr("Minimize"));
     m_frontAct->setText(tr("Bring All to Front"));
-    m_languageMenu->setTitle(tr("Language"));
+    m_languageMenu->setTitle(tr("&Language"));
     checkCurrentLanguage();
     if (m_kindCombo) {
         int kinds = 0;
@@ -184,12 +189,12 @@ void CMainWnd::retranslate()
     }
     if (m_libraryModel)
         m_libraryModel->retranslate();
-    m_helpMenu->setTitle(tr("Help"));
+    m_helpMenu->setTitle(tr("&Help"));
     m_aboutAct->setText(tr("About"));
     m_supportAct->setText(tr("Support"));
     m_helpTopicAct->setText(tr("Help Topic"));
     m_crashReportAct->setText(tr("Crash Report"));
-    m_extrasMenu->setTitle(tr("Extras"));
+    m_extrasMenu->setTitle(tr("E&xtras"));
     m_facebookAct->setText(tr("Find us on &Facebook"));
     m_twitterAct->setText(tr("Find us on &Twitter"));
     m_clipwellAct->setText(tr("Vandrel &Clipwell"));
@@ -198,6 +203,8 @@ void CMainWnd::retranslate()
     m_optionAct->setText(tr("Option"));
 
     setWindowTitle(tr("Tonewright"));
+    if (m_editMenu)
+        retranslateKeys();
     changeToolTip();
 }
 

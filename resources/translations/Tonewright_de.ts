@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filtern</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Suchen in</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Den &amp;besten Teil vorschlagen</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Lautstärke: %1 %</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Anfang an der Abspielposition</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Ende an der Abspielposition</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Anfang früher</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Anfang später</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Ende früher</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Ende später</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Abspielen oder Pause</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Auswahl anhören</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Vorschau wiederholen</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Eine Sekunde zurück</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Eine Sekunde vor</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Zum Anfang der Auswahl</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Zum Ende der Auswahl</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Mediathek durchsuchen</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Mediathek</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Leiser</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Lauter</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Länge des Einblendens in Sekunden</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Länge des Ausblendens in Sekunden</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Art des Klingeltons</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Wellenform blättern</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Vorschau abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Endzeit</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normalisieren</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Ändert die Lautstärke des Klingeltons; Normalisieren ersetzt sie</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Schreibt die Auswahl als Klingelton</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>Ein Klingelton wird geschrieben. Tonewright schließen, wenn er fertig ist?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtras</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>Neu in dieser Version:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Leertaste spielt ab, Umschalt+Leertaste spielt die Auswahl, I und O setzen Anfang und Ende, Alt und Strg mit den Pfeiltasten verschieben die Ränder</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Wellenform, kein Titel geöffnet</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Auswahl %1 bis %2 von %3</translation>
     </message>
 </context>
 <context>

@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filter</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Search in</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Suggest the &amp;Best Part</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volume: %1%</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Undo</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Redo</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Set Start at the Play Position</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Set End at the Play Position</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Move the Start Earlier</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Move the Start Later</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Move the End Earlier</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Move the End Later</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Play</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Play or Pause</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Preview the Selection</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Loop the Preview</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Back One Second</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Forward One Second</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Go to the Start of the Selection</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Go to the End of the Selection</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom In</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom Out</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Search the library</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Library</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Songs</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Forward</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Volume Down</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Volume Up</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Fade-in length in seconds</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Fade-out length in seconds</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Kind of ringtone</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Scroll the waveform</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Play or Pause the Preview</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Fade in</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>End Time</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normalize</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Changes the volume of the ringtone; Normalize replaces it</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Writes the selection as a ringtone</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>A ringtone is being written. Close Tonewright when it is done?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>&amp;Windows</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Language</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtras</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>What&apos;s new for this version:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Waveform, no song open</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Selection %1 to %2 of %3</translation>
     </message>
 </context>
 <context>

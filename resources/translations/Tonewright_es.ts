@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filtrar</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Buscar en</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Sugerir la &amp;mejor parte</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volumen: %1 %</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Edición</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rehacer</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Inicio en la posición de reproducción</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Fin en la posición de reproducción</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Adelantar el inicio</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Retrasar el inicio</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Adelantar el final</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Retrasar el final</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Reproducir</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Reproducir o pausar</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Escuchar la selección</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Repetir la vista previa</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Retroceder un segundo</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Avanzar un segundo</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Ir al inicio de la selección</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Ir al final de la selección</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Acercar</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Alejar</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Buscar en la biblioteca</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Biblioteca</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Canciones</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Bajar volumen</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Subir volumen</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Duración del fundido de entrada en segundos</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Duración del fundido de salida en segundos</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Tipo de tono</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Desplazar la forma de onda</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Canción</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Reproducir o pausar la vista previa</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Fundido de entrada</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Hora de fin</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normalizar</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Cambia el volumen del tono; Normalizar lo sustituye</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Escribe la selección como tono</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>Se está escribiendo un tono. ¿Cerrar Tonewright cuando termine?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>&amp;Ventanas</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Idioma</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Ay&amp;uda</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtras</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>Novedades de esta versión:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Espacio reproduce, Mayús+Espacio escucha la selección, I y O fijan su inicio y su final, Alt y Ctrl con las flechas mueven sus bordes</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Forma de onda, ninguna canción abierta</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Selección de %1 a %2 de %3</translation>
     </message>
 </context>
 <context>

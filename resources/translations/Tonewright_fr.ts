@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filtrer</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Rechercher dans</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Suggérer le &amp;meilleur passage</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volume : %1 %</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>É&amp;dition</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Début à la position de lecture</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Fin à la position de lecture</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Avancer le début</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Reculer le début</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Avancer la fin</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Reculer la fin</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Lecture</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Lecture ou pause</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Écouter la sélection</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Écouter en boucle</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Reculer d'une seconde</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Avancer d'une seconde</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Aller au début de la sélection</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Aller à la fin de la sélection</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom avant</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom arrière</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Rechercher dans la bibliothèque</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothèque</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Morceaux</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Baisser le volume</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Monter le volume</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Durée du fondu d'entrée en secondes</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Durée du fondu de sortie en secondes</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Type de sonnerie</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Faire défiler la forme d'onde</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Lire ou mettre en pause l'aperçu</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Fondu d'entrée</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Heure de fin</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normaliser</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Change le volume de la sonnerie ; la normalisation le remplace</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Enregistre la sélection comme sonnerie</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>Une sonnerie est en cours d'écriture. Fermer Tonewright quand elle sera terminée ?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>Fe&amp;nêtres</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Langue</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtras</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>Nouveautés de cette version&#xa0;:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Espace lit, Maj+Espace écoute la sélection, I et O fixent son début et sa fin, Alt et Ctrl avec les flèches déplacent ses bords</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Forme d'onde, aucun morceau ouvert</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Sélection de %1 à %2 sur %3</translation>
     </message>
 </context>
 <context>

@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filtra</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Cerca in</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Cerca</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Suggerisci la parte &amp;migliore</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volume: %1%</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Modifica</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Ripeti</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Inizio alla posizione di riproduzione</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Fine alla posizione di riproduzione</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Anticipa l'inizio</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Posticipa l'inizio</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Anticipa la fine</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Posticipa la fine</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Riproduci</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Riproduci o pausa</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Ascolta la selezione</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Ripeti l'anteprima</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Indietro di un secondo</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Avanti di un secondo</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Vai all'inizio della selezione</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Vai alla fine della selezione</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Ingrandisci</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Riduci</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Cerca nella libreria</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Libreria</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Brani</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Indietro</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avanti</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Abbassa il volume</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Alza il volume</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Durata della dissolvenza in entrata in secondi</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Durata della dissolvenza in uscita in secondi</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Tipo di suoneria</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Scorri la forma d'onda</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Brano</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Riproduci o metti in pausa l'anteprima</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Dissolvenza in entrata</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Ora di fine</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normalizza</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Cambia il volume della suoneria; Normalizza lo sostituisce</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Scrive la selezione come suoneria</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>Si sta scrivendo una suoneria. Chiudere Tonewright quando è finita?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>&amp;Finestre</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Lingua</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aiuto</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtra</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>Novità di questa versione:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Spazio riproduce, Maiusc+Spazio ascolta la selezione, I e O fissano inizio e fine, Alt e Ctrl con le frecce spostano i bordi</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Forma d'onda, nessun brano aperto</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Selezione da %1 a %2 di %3</translation>
     </message>
 </context>
 <context>

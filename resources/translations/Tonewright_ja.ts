@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>フィルター</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>検索対象</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>いちばん良い部分を提案(&amp;B)</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>音量: %1%</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>やり直す</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>再生位置を開始点にする</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>再生位置を終了点にする</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>開始点を前へ</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>開始点を後ろへ</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>終了点を前へ</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>終了点を後ろへ</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>再生/一時停止</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>選択範囲を試聴</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>試聴をくり返す</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>1秒戻る</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>1秒進む</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>選択範囲の先頭へ</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>選択範囲の末尾へ</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>縮小</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>ライブラリを検索</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>ライブラリ</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>ズーム</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>音量を下げる</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>音量を上げる</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>フェードインの長さ（秒）</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>フェードアウトの長さ（秒）</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>着信音の種類</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>波形をスクロール</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>プレビューの再生/一時停止</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>フェードイン</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>終了時間</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>ノーマライズ</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>着信音の音量を変えます。ノーマライズを使うとこちらは使われません</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>選択範囲を着信音として書き出します</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>着信音を書き出しています。終わったら Tonewright を閉じますか?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>ウィンドウ(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>言語(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>その他(&amp;X)</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>このバージョンの新機能:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Space で再生、Shift+Space で選択範囲を試聴、I と O で開始点と終了点、Alt と Ctrl と矢印キーで端を動かします</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>波形、曲は開かれていません</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>選択範囲 %1 から %2（全体 %3）</translation>
     </message>
 </context>
 <context>

@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filteren</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Zoeken in</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Zoeken</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Het &amp;beste deel voorstellen</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volume: %1%</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>Be&amp;werken</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Ongedaan maken</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Opnieuw</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Begin op de afspeelpositie</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Einde op de afspeelpositie</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Begin eerder</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Begin later</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Einde eerder</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Einde later</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Afspelen</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Afspelen of pauzeren</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Selectie beluisteren</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Voorbeeld herhalen</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Eén seconde terug</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Eén seconde vooruit</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Naar het begin van de selectie</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Naar het einde van de selectie</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Inzoomen</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Uitzoomen</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Bibliotheek doorzoeken</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliotheek</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Nummers</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vooruit</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Zachter</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Harder</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Duur van het infaden in seconden</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Duur van het uitfaden in seconden</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Soort beltoon</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Golfvorm schuiven</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Voorbeeld afspelen of pauzeren</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Infaden</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Eindtijd</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normaliseren</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Verandert het volume van de beltoon; Normaliseren vervangt het</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Schrijft de selectie als beltoon</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>Er wordt een beltoon geschreven. Tonewright sluiten als die klaar is?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Bestand</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>&amp;Vensters</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Taal</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Help</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtra's</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>Nieuw in deze versie:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Spatie speelt af, Shift+Spatie speelt de selectie, I en O zetten begin en einde, Alt en Ctrl met de pijltjestoetsen verschuiven de randen</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Golfvorm, geen nummer geopend</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Selectie %1 tot %2 van %3</translation>
     </message>
 </context>
 <context>

@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>Filtrar</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>Pesquisar em</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Pesquisar</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>Sugerir o &amp;melhor trecho</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>Volume: %1%</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Desfazer</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Refazer</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>Início na posição de reprodução</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>Fim na posição de reprodução</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>Adiantar o início</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>Atrasar o início</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>Adiantar o fim</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>Atrasar o fim</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Reproduzir</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>Reproduzir ou pausar</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>Ouvir a seleção</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>Repetir a prévia</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>Voltar um segundo</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>Avançar um segundo</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>Ir para o início da seleção</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>Ir para o fim da seleção</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Ampliar</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Reduzir</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>Pesquisar na biblioteca</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Biblioteca</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Músicas</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Voltar</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avançar</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Diminuir volume</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Aumentar volume</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>Duração do fade-in em segundos</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>Duração do fade-out em segundos</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>Tipo de toque</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>Rolar a forma de onda</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>Reproduzir ou pausar a prévia</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Fade-in</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Hora de término</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normalizar</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>Muda o volume do toque; Normalizar o substitui</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>Grava a seleção como toque</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>Um toque está sendo gravado. Fechar o Tonewright quando terminar?</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Arquivo</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>&amp;Janelas</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Idioma</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Aj&amp;uda</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>E&amp;xtras</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>Novidades desta versão:</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>Espaço reproduz, Shift+Espaço ouve a seleção, I e O definem o início e o fim, Alt e Ctrl com as setas movem as bordas</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>Forma de onda, nenhuma música aberta</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>Seleção de %1 a %2 de %3</translation>
     </message>
 </context>
 <context>

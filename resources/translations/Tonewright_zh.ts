@@ -69,6 +69,14 @@
         <source>Filter</source>
         <translation>筛选</translation>
     </message>
+    <message>
+        <source>Search in</source>
+        <translation>搜索范围</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
 </context>
 <context>
     <name>CHelloWnd</name>
@@ -382,6 +390,190 @@
         <source>Suggest the &amp;Best Part</source>
         <translation>推荐最佳片段(&amp;B)</translation>
     </message>
+    <message>
+        <source>Volume: %1%</source>
+        <translation>音量：%1%</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message>
+        <source>Set Start at the Play Position</source>
+        <translation>将播放位置设为开始</translation>
+    </message>
+    <message>
+        <source>Set End at the Play Position</source>
+        <translation>将播放位置设为结束</translation>
+    </message>
+    <message>
+        <source>Move the Start Earlier</source>
+        <translation>开始提前</translation>
+    </message>
+    <message>
+        <source>Move the Start Later</source>
+        <translation>开始推后</translation>
+    </message>
+    <message>
+        <source>Move the End Earlier</source>
+        <translation>结束提前</translation>
+    </message>
+    <message>
+        <source>Move the End Later</source>
+        <translation>结束推后</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Play or Pause</source>
+        <translation>播放或暂停</translation>
+    </message>
+    <message>
+        <source>Preview the Selection</source>
+        <translation>试听选区</translation>
+    </message>
+    <message>
+        <source>Loop the Preview</source>
+        <translation>循环试听</translation>
+    </message>
+    <message>
+        <source>Back One Second</source>
+        <translation>后退一秒</translation>
+    </message>
+    <message>
+        <source>Forward One Second</source>
+        <translation>前进一秒</translation>
+    </message>
+    <message>
+        <source>Go to the Start of the Selection</source>
+        <translation>转到选区开头</translation>
+    </message>
+    <message>
+        <source>Go to the End of the Selection</source>
+        <translation>转到选区结尾</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>放大</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>缩小</translation>
+    </message>
+    <message>
+        <source>Search the library</source>
+        <translation>搜索资料库</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>资料库</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>歌曲</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>缩放</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>减小音量</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>增大音量</translation>
+    </message>
+    <message>
+        <source>Fade-in length in seconds</source>
+        <translation>淡入时长（秒）</translation>
+    </message>
+    <message>
+        <source>Fade-out length in seconds</source>
+        <translation>淡出时长（秒）</translation>
+    </message>
+    <message>
+        <source>Kind of ringtone</source>
+        <translation>铃声类型</translation>
+    </message>
+    <message>
+        <source>Scroll the waveform</source>
+        <translation>滚动波形</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>歌曲</translation>
+    </message>
+    <message>
+        <source>Play or Pause the Preview</source>
+        <translation>播放或暂停预览</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>淡入</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>结束时间</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>标准化</translation>
+    </message>
+    <message>
+        <source>Changes the volume of the ringtone; Normalize replaces it</source>
+        <translation>更改铃声的音量；标准化会取代它</translation>
+    </message>
+    <message>
+        <source>Writes the selection as a ringtone</source>
+        <translation>将选区写成铃声</translation>
+    </message>
+    <message>
+        <source>A ringtone is being written. Close Tonewright when it is done?</source>
+        <translation>正在写入铃声。完成后关闭 Tonewright？</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>窗口(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>E&amp;xtras</source>
+        <translation>其他(&amp;X)</translation>
+    </message>
 </context>
 <context>
     <name>CNameDlgClass</name>
@@ -609,6 +801,21 @@
     <message>
         <source>What&apos;s new for this version:</source>
         <translation>此版本的新功能：</translation>
+    </message>
+</context>
+<context>
+    <name>CWaveWnd</name>
+    <message>
+        <source>Space plays, Shift+Space previews the selection, I and O set its start and end, Alt and Ctrl with the arrow keys move its edges</source>
+        <translation>空格键播放，Shift+空格键试听选区，I 和 O 设置开始和结束，Alt 和 Ctrl 加方向键移动边缘</translation>
+    </message>
+    <message>
+        <source>Waveform, no song open</source>
+        <translation>波形，未打开歌曲</translation>
+    </message>
+    <message>
+        <source>Selection %1 to %2 of %3</source>
+        <translation>选区 %1 至 %2，共 %3</translation>
     </message>
 </context>
 <context>

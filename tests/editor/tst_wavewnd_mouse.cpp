@@ -98,10 +98,15 @@ private slots:
         QTest::newRow("begin edge") << 10000LL << 20000LL << 50000LL << 99 << 100 << 3;
         QTest::newRow("end edge") << 10000LL << 20000LL << 50000LL << 201 << 100 << 4;
         QTest::newRow("inside") << 10000LL << 20000LL << 50000LL << 150 << 100 << 2;
-        QTest::newRow("next to begin edge, inside")
-            << 10000LL << 20000LL << 50000LL << 103 << 100 << 2;
-        QTest::newRow("on edge zone limit, outside")
-            << 10000LL << 20000LL << 50000LL << 98 << 100 << 0;
+        QTest::newRow("edges 3 px apart, nearer the end")
+            << 10000LL << 10300LL << 50000LL << 103 << 100 << 4;
+        QTest::newRow("6 px inside the begin") << 10000LL << 20000LL << 50000LL << 106 << 100 << 3;
+        QTest::newRow("7 px inside the begin, inside")
+            << 10000LL << 20000LL << 50000LL << 107 << 100 << 2;
+        QTest::newRow("6 px left of the begin") << 10000LL << 20000LL << 50000LL << 94 << 100 << 3;
+        QTest::newRow("7 px left of the begin, outside")
+            << 10000LL << 20000LL << 50000LL << 93 << 100 << 0;
+        QTest::newRow("6 px right of the end") << 10000LL << 20000LL << 50000LL << 206 << 100 << 4;
         QTest::newRow("cursor in wave area") << 10000LL << 20000LL << 30000LL << 301 << 100 << 5;
         QTest::newRow("beside cursor") << 10000LL << 20000LL << 30000LL << 302 << 100 << 0;
         QTest::newRow("begin wins over cursor") << 10000LL << 20000LL << 10000LL << 100 << 100 << 3;
@@ -168,36 +173,63 @@ private slots:
         QCOMPARE(w->model().mouseMode(), 0);
     }
 
-    void shouldDoNothingOnADragOverAnEmptyZone()
+    void shouldMoveThePlayPositionOnAClick_data()
+    {
+        QTest::addColumn<int>("x");
+        QTest::addColumn<int>("y");
+        QTest::newRow("on the wave, outside the selection") << 400 << kWaveY;
+        QTest::newRow("inside the selection") << 150 << kWaveY;
+        QTest::newRow("in the ruler") << 250 << 5;
+    }
+    void shouldMoveThePlayPositionOnAClick()
+    {
+        QFETCH(int, x);
+        QFETCH(int, y);
+        auto w = editor(sixty, 500, 10000, 20000);
+        QVERIFY(w);
+        w->model().setPlayPos(30000);
+        QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
+        QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
+        QSignalSpy played(w.get(), &CWaveWnd::onPlay);
+        QTest::mousePress(w.get(), Qt::LeftButton, {}, QPoint(x, y));
+        QTest::mouseRelease(w.get(), Qt::LeftButton, {}, QPoint(x, y));
+        QCOMPARE(w->model().playPos(), x * 100LL);
+        QVERIFY(pos.count() >= 1);
+        QCOMPARE(pos.last().at(0).toLongLong(), x * 100LL);
+        QCOMPARE(WaveHelperGetPos(&w->playback().record()) / 100, static_cast<long long>(x));
+        // The selection stays; nothing plays.
+        QCOMPARE(w->model().beginTime(), 10000LL);
+        QCOMPARE(w->model().endTime(), 20000LL);
+        QCOMPARE(selected.count(), 0);
+        QCOMPARE(played.count(), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
+        QVERIFY(w->hasMouseTracking());
+    }
+
+    void shouldDrawANewSelectionOnADragFromAnEmptyZone()
     {
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
         w->model().setPlayPos(30000);
         QCOMPARE(w->getAction(400, kWaveY), 0); // right of the cursor, off every zone
         QSignalSpy selected(w.get(), &CWaveWnd::selectChange);
-        QSignalSpy pos(w.get(), &CWaveWnd::playPosChange);
-        QSignalSpy played(w.get(), &CWaveWnd::onPlay);
-        w->setCursor(Qt::WaitCursor);
+        QSignalSpy gestures(w.get(), &CWaveWnd::gestureFinished);
         press(w.get(), 400);
-        // Only the select() slot draws a new selection; this press grabs nothing.
-        QCOMPARE(w->model().mouseMode(), 0);
-        QVERIFY(w->hasMouseTracking());
-        QCOMPARE(w->cursor().shape(), Qt::WaitCursor);
-        drag(w.get(), 450);
-        // With nothing grabbed a move only hovers: the arrow of an empty zone.
-        QCOMPARE(w->cursor().shape(), Qt::ArrowCursor);
-        QCOMPARE(w->model().mouseMode(), 0);
-        release(w.get(), 450);
-        QCOMPARE(w->model().mouseMode(), 0);
-        QVERIFY(w->hasMouseTracking());
+        // A press alone changes nothing yet: it may still be a click.
         QCOMPARE(w->model().beginTime(), 10000LL);
         QCOMPARE(w->model().endTime(), 20000LL);
+        drag(w.get(), 450);
+        QCOMPARE(w->model().beginTime(), 40000LL);
+        QCOMPARE(w->model().endTime(), 45000LL);
+        QCOMPARE(selected.count(), 0); // no signal while drawing
+        release(w.get(), 470);
+        QCOMPARE(w->model().beginTime(), 40000LL);
+        QCOMPARE(w->model().endTime(), 47000LL);
+        QCOMPARE(selected.count(), 1);
+        QCOMPARE(gestures.count(), 1);
+        // The play position stays where it was.
         QCOMPARE(w->model().playPos(), 30000LL);
-        QCOMPARE(w->model().scrollX(), 0);
-        QCOMPARE(selected.count(), 0);
-        QCOMPARE(pos.count(), 0);
-        QCOMPARE(played.count(), 0);
-        QCOMPARE(WaveHelperGetState(&w->playback().record()), 0);
+        QCOMPARE(w->model().mouseMode(), 0);
     }
 
     void shouldDrawNewSelectionWithoutMinimum_data()
@@ -654,15 +686,17 @@ private slots:
     {
         QTest::addColumn<int>("x");
         QTest::addColumn<bool>("preview");
-        QTest::newRow("inside the selection") << 150 << true;
-        QTest::newRow("on its begin") << 100 << true;
-        QTest::newRow("on its end") << 200 << true;
-        QTest::newRow("outside") << 300 << false;
+        QTest::addColumn<long long>("pos"); // after the double click's first click
+        QTest::newRow("inside the selection") << 150 << true << 15000LL;
+        QTest::newRow("on its begin") << 100 << true << 42000LL;
+        QTest::newRow("on its end") << 200 << true << 42000LL;
+        QTest::newRow("outside") << 300 << false << 30000LL;
     }
     void shouldPreviewOrPlayOnDoubleClick()
     {
         QFETCH(int, x);
         QFETCH(bool, preview);
+        QFETCH(long long, pos);
         auto w = editor(sixty, 500, 10000, 20000);
         QVERIFY(w);
         w->model().setPlayPos(42000);
@@ -675,9 +709,10 @@ private slots:
         QCOMPARE(played.count(), 1);
         QCOMPARE(played.at(0).at(1).toBool(), preview);
         QCOMPARE(w->playback().isPreview(), preview);
-        // The click does not move the play cursor; preview starts at the begin.
-        QCOMPARE(w->model().playPos(), 42000LL);
-        const long long start = preview ? 10000 : 42000;
+        // The first click moved the play cursor off the edges; preview
+        // starts at the begin, play where the cursor is.
+        QCOMPARE(w->model().playPos(), pos);
+        const long long start = preview ? 10000 : pos;
         const long long enginePos = WaveHelperGetPos(&w->playback().record());
         QVERIFY2(enginePos >= start, qPrintable(twed::positionText(enginePos, started)));
         QVERIFY2(twed::withinRealTime(enginePos, start, started),

@@ -279,23 +279,29 @@ private slots:
         QVERIFY(img.pixel(0, 29) != qRgb(86, 86, 86));
     }
 
-    void shouldLabelEveryFifthDrawnTick_data()
+    void shouldLabelTheRulerAtRoundTimes_data()
     {
+        QTest::addColumn<float>("zoom");
         QTest::addColumn<int>("scroll");
-        QTest::addColumn<QList<int>>("xs");
+        QTest::addColumn<QList<int>>("xs"); // where each text starts
         QTest::addColumn<QStringList>("texts");
-        // Zoom 1: ticks every 2.5 s, labels every 12.5 s from the first tick.
-        QTest::newRow("zoom 1") << 0 << QList<int>{25, 150, 275, 400, 525, 650, 775}
-                                << QStringList{"00:00:02", "00:00:15", "00:00:27", "00:00:40",
-                                               "00:00:52", "00:01:05", "00:01:17"};
-        // Scrolled by 37 px the first drawn tick is at 13 (5 s): the labels
-        // move with the view.
-        QTest::newRow("scrolled") << 37 << QList<int>{13, 138, 263, 388, 513, 638, 763}
-                                  << QStringList{"00:00:05", "00:00:17", "00:00:30", "00:00:42",
-                                                 "00:00:55", "00:01:07", "00:01:20"};
+        // Zoom 1 (100 ms a pixel): a label every 10 s, 100 px apart; the
+        // first one starts at the left edge.
+        QTest::newRow("zoom 1") << 1.0f << 0 << QList<int>{2, 80, 180, 280, 380, 480, 580, 680, 780}
+                                << QStringList{"00:00:00", "00:00:10", "00:00:20",
+                                               "00:00:30", "00:00:40", "00:00:50",
+                                               "00:01:00", "00:01:10", "00:01:20"};
+        // Scrolled by 37 px the labels keep their times: 10 s lies at 63.
+        QTest::newRow("scrolled") << 1.0f << 37 << QList<int>{43, 143, 243, 343, 443, 543, 643, 743}
+                                  << QStringList{"00:00:10", "00:00:20", "00:00:30", "00:00:40",
+                                                 "00:00:50", "00:01:00", "00:01:10", "00:01:20"};
+        // Zoom 5 (20 ms a pixel): every 5 s, 250 px apart.
+        QTest::newRow("zoom 5") << 5.0f << 0 << QList<int>{2, 230, 480, 730}
+                                << QStringList{"00:00:00", "00:00:05", "00:00:10", "00:00:15"};
     }
-    void shouldLabelEveryFifthDrawnTick()
+    void shouldLabelTheRulerAtRoundTimes()
     {
+        QFETCH(float, zoom);
         QFETCH(int, scroll);
         QFETCH(QList<int>, xs);
         QFETCH(QStringList, texts);
@@ -303,6 +309,7 @@ private slots:
         auto w = loaded(path, 800);
         QVERIFY(w);
         w->model().setPlayPos(10000000); // cursor out of view
+        w->zoom(zoom);
         w->scrollBarWidget()->setValue(scroll);
         QCOMPARE(w->model().scrollX(), scroll);
         const QImage img = shot(*w);
@@ -318,7 +325,7 @@ private slots:
             p.setFont(f);
             p.setPen(QColor(86, 86, 86));
             for (int i = 0; i < xs.size(); ++i)
-                p.drawText(xs[i] - 20, 10, texts[i]);
+                p.drawText(xs[i], 10, texts[i]);
         }
         int ink = 0;
         for (int y = 0; y < 12; ++y)
@@ -331,12 +338,14 @@ private slots:
             }
         QVERIFY(ink > 50 * xs.size());
 
-        // Labelled ticks are long (13..18), the others short (16..18).
-        const int first = xs.first();
-        QCOMPARE(img.pixel(first, 14), qRgb(86, 86, 86));
-        QVERIFY(img.pixel(first + 25, 14) != qRgb(86, 86, 86));
-        QCOMPARE(img.pixel(first + 25, 17), qRgb(86, 86, 86));
-        QVERIFY(img.pixel(first + 10, 17) != qRgb(86, 86, 86));
+        // Labelled ticks are long (13..18), the others short (16..18), a
+        // fifth of a label's step apart at these zooms.
+        const int label = xs[1] + 20;
+        const int tick = (xs[2] - xs[1]) / 5;
+        QCOMPARE(img.pixel(label, 14), qRgb(86, 86, 86));
+        QVERIFY(img.pixel(label + tick, 14) != qRgb(86, 86, 86));
+        QCOMPARE(img.pixel(label + tick, 17), qRgb(86, 86, 86));
+        QVERIFY(img.pixel(label + tick / 2, 17) != qRgb(86, 86, 86));
     }
 
     void shouldCentreCursorOnPlayPosition_data()

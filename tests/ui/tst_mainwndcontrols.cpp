@@ -141,7 +141,7 @@ private slots:
         QVERIFY(get<QPushButton>("playBtn")->isCheckable());
         QVERIFY(get<QPushButton>("previewBtn")->isCheckable());
         QCOMPARE(get<QPushButton>("startbtn")->text(), QString());
-        QCOMPARE(get<QPushButton>("startbtn")->toolTip(), QString("Start to Create"));
+        QCOMPARE(get<QPushButton>("startbtn")->toolTip(), QString("Start to Create (Ctrl+S)"));
         QCOMPARE(get<QPushButton>("closeBtn")->toolTip(), QString("Quit Editing"));
         QCOMPARE(get<QToolButton>("twitter")->toolTip(), QString("Tweet Your Ringtone"));
         QCOMPARE(get<QToolButton>("facebook")->toolTip(), QString("Find us on Facebook"));
@@ -379,19 +379,19 @@ private slots:
         play->click();
         QVERIFY(play->isChecked());
         QVERIFY(!preview->isChecked());
-        QCOMPARE(play->toolTip(), QString("Pause"));
-        QCOMPARE(preview->toolTip(), QString("Preview Selected"));
+        QCOMPARE(play->toolTip(), QString("Pause (Space)"));
+        QCOMPARE(preview->toolTip(), QString("Preview Selected (Shift+Space)"));
         play->click(); // pauses
         QVERIFY(!play->isChecked());
-        QCOMPARE(play->toolTip(), QString("Play"));
+        QCOMPARE(play->toolTip(), QString("Play (Space)"));
 
         preview->click();
         QVERIFY(preview->isChecked());
         QVERIFY(!play->isChecked());
-        QCOMPARE(preview->toolTip(), QString("Pause"));
+        QCOMPARE(preview->toolTip(), QString("Pause (Shift+Space)"));
         m_wnd->onPause(true); // a paused preview leaves the play button alone
         QVERIFY(!preview->isChecked());
-        QCOMPARE(preview->toolTip(), QString("Preview Selected"));
+        QCOMPARE(preview->toolTip(), QString("Preview Selected (Shift+Space)"));
     }
 
     void shouldCloseTheEditorAndForgetTheSong()

@@ -82,7 +82,13 @@ private:
     QTemporaryDir m_dir;
 
     QMenuBar* menuBar() const { return m_wnd->findChild<QMenuBar*>("menuBar"); }
-    QMenu* menu(int i) const { return menuBar()->actions().at(i)->menu(); }
+    // The first menus by their place among themselves (File, Windows,
+    // Language, Help, Extras); the Edit and Play menus sit after File.
+    QMenu* menu(int i) const
+    {
+        static const int kPlace[] = {0, 3, 4, 5, 6};
+        return menuBar()->actions().at(kPlace[i])->menu();
+    }
     QAction* entry(int menuIndex, int i) const { return menu(menuIndex)->actions().at(i); }
     void setProxy(bool on, const QString& host = QString(), int port = 0, int type = 0)
     {
@@ -130,8 +136,8 @@ private slots:
 
     void shouldOfferTheMenusInOrderWithRetranslatedTexts()
     {
-        QCOMPARE(texts(menuBar()->actions()),
-                 QStringList({"File", "Windows", "Language", "Help", "Extras"}));
+        QCOMPARE(texts(menuBar()->actions()), QStringList({"&File", "&Edit", "&Play", "&Windows",
+                                                           "&Language", "&Help", "E&xtras"}));
         QCOMPARE(texts(menu(0)->actions()),
                  QStringList({"Open", "Save As", "Suggest the &Best Part", "Close"}));
         QCOMPARE(texts(menu(1)->actions()), QStringList({"Minimize", "Bring All to Front"}));
@@ -164,7 +170,7 @@ private slots:
         QCOMPARE(m_wnd->findChild<QToolButton*>("showVideoButton")->toolTip(),
                  QString("Show or Hide Music Cover, Video Preview Box"));
         QCOMPARE(m_wnd->findChild<QToolButton*>("openFileButton")->toolTip(),
-                 QString("Open Files"));
+                 QString("Open Files (Ctrl+O)"));
         QCOMPARE(m_wnd->findChild<QToolButton*>("volumeAdd")->toolTip(), QString("Voice Zoom In"));
         QCOMPARE(m_wnd->windowTitle(), QString("Tonewright"));
     }
@@ -198,8 +204,9 @@ private slots:
         QVERIFY2(CLanguage::instance()->appTranslatorFile().endsWith("Tonewright_fr.qm"),
                  qPrintable(CLanguage::instance()->appTranslatorFile()));
         // The window retranslates itself as soon as the event comes.
-        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("Fichier"));
-        QVERIFY(m_wnd->findChild<QToolButton*>("openFileButton")->toolTip() != "Open Files");
+        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("&Fichier"));
+        QVERIFY(m_wnd->findChild<QToolButton*>("openFileButton")->toolTip() !=
+                "Open Files (Ctrl+O)");
         entry(2, 0)->trigger();
         QTRY_COMPARE(menuBar()->actions().first()->text(), QString("File"));
         QVERIFY(!CLanguage::instance()->hasQtTranslator());
@@ -211,7 +218,7 @@ private slots:
         for (int i = 0; i < 9; ++i)
             QCOMPARE(entry(2, i)->isChecked(), i == 0);
         entry(2, 2)->trigger(); // 日本語
-        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("ファイル"));
+        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("ファイル(&F)"));
         // Still each in its own words, whatever the language around them.
         QCOMPARE(texts(menu(2)->actions()), kOwnNames);
         QVERIFY(entry(2, 2)->isChecked());
@@ -235,7 +242,7 @@ private slots:
         QVERIFY2(CLanguage::instance()->appTranslatorFile().endsWith("Tonewright_de.qm"),
                  qPrintable(CLanguage::instance()->appTranslatorFile()));
         QCOMPARE(CLanguage::instance()->currentCode(), QString("de"));
-        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("Datei"));
+        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("&Datei"));
         QVERIFY(entry(2, 3)->isChecked());
         QSettings().remove("Language");
     }

@@ -68,7 +68,7 @@ private slots:
         QVERIFY(command());
         QVERIFY(!button()->isEnabled()); // no song
         QVERIFY(!command()->isEnabled());
-        QCOMPARE(button()->toolTip(), QString("Suggest the best part"));
+        QCOMPARE(button()->toolTip(), QString("Suggest the best part (Ctrl+B)"));
 
         // The state the moment the song is shown: its proposals can only
         // arrive through the event loop afterwards.
@@ -158,7 +158,7 @@ private slots:
     void shouldTranslateTheToolTipAndTheCommand()
     {
         CLanguage::instance()->translatorLan("fr");
-        QTRY_COMPARE(button()->toolTip(), QString("Suggérer le meilleur passage"));
+        QTRY_COMPARE(button()->toolTip(), QString("Suggérer le meilleur passage (Ctrl+B)"));
         QCOMPARE(command()->text(), QString("Suggérer le &meilleur passage"));
         CLanguage::instance()->translatorLan("ja");
         QTRY_COMPARE(command()->text(), QString("いちばん良い部分を提案(&B)"));
