@@ -103,6 +103,9 @@ private slots:
     void shouldWriteBareVolumeIntoOneChunkOnly();
     void shouldLeaveFileUntouchedWithoutEffects();
     void shouldWriteNothingWhenStreamIsAtEnd();
+    void shouldLoopASpanWithItsEffects_data();
+    void shouldLoopASpanWithItsEffects();
+    void shouldTakeTheLoopOffForAnEmptySpan();
 
 private:
     QString makeWav(const Format& f, quint32 seed, QByteArray* file);
@@ -456,6 +459,97 @@ void TestWaveHelperCallback::shouldAskForBuffersOfAtMostAnEighthSecond()
     QFETCH(uint, rate);
     QFETCH(int, frames);
     QCOMPARE(int(WaveHelperCallbackFrames(rate)), frames);
+}
+
+void TestWaveHelperCallback::shouldLoopASpanWithItsEffects_data()
+{
+    QTest::addColumn<int>("channels");
+    QTest::addColumn<int>("bits");
+    QTest::addColumn<qint64>("firstFrame");
+    QTest::addColumn<qint64>("endFrame");
+    QTest::addColumn<int>("calls");
+    for (const Format& f : kFormats) {
+        // Longer than a buffer: wraps now and then.
+        QTest::newRow(qPrintable(QString("%1, 1 s").arg(f.name)))
+            << f.channels << f.bits << qint64(2 * kRate) << qint64(3 * kRate) << 100;
+        // Shorter than a buffer: wraps several times within one.
+        QTest::newRow(qPrintable(QString("%1, 300 frames").arg(f.name)))
+            << f.channels << f.bits << qint64(kRate + 17) << qint64(kRate + 317) << 4;
+    }
+}
+
+void TestWaveHelperCallback::shouldLoopASpanWithItsEffects()
+{
+    QFETCH(int, channels);
+    QFETCH(int, bits);
+    QFETCH(qint64, firstFrame);
+    QFETCH(qint64, endFrame);
+    QFETCH(int, calls);
+    const Format f{"", channels, bits};
+    QByteArray file;
+    const QString path = makeWav(f, quint32(channels * 31 + bits + firstFrame), &file);
+    const int frameBytes = channels * bits / 8;
+    const int length = 1024 * frameBytes;
+
+    audiotest::WaveGuard g;
+    QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
+    // A fade in over the loop's start and a fade out over its end, as a
+    // preview plays them.
+    setEffects(&g.w, 150, 2, 1, 1, 2);
+    QCOMPARE(WaveHelperSetLoop(&g.w, firstFrame, endFrame), 0);
+    const long loopStart = long(firstFrame * frameBytes + 44);
+    const long loopEnd = long(endFrame * frameBytes + 44);
+    QCOMPARE(g.w.loopStart, loopStart);
+    QCOMPARE(g.w.loopEnd, loopEnd);
+    QCOMPARE(std::fseek(g.w.playFile, loopStart, SEEK_SET), 0);
+    const audiotest::Effects e = effectsOf(g.w);
+
+    // The model: the span's bytes over and over, each with its effects.
+    qint64 pos = loopStart;
+    int wraps = 0;
+    for (int call = 0; call < calls; ++call) {
+        QByteArray stream(length, char(0xEE));
+        AudioPlayCallbackFunc(&g.w, reinterpret_cast<unsigned char*>(stream.data()), length);
+        QByteArray want;
+        while (want.size() < length) {
+            const int piece = int(qMin<qint64>(length - want.size(), loopEnd - pos));
+            want += audiotest::apply(audiotest::readPadded(file, pos, piece, bits), pos, bits,
+                                     channels, e);
+            pos += piece;
+            if (pos == loopEnd) {
+                pos = loopStart;
+                ++wraps;
+            }
+        }
+        const QString diff = firstDifference(stream, want, frameBytes);
+        if (!diff.isEmpty())
+            QFAIL(qPrintable(QString("callback %1: %2").arg(call).arg(diff)));
+        QCOMPARE(std::ftell(g.w.playFile), long(pos));
+    }
+    QVERIFY(wraps >= 2);
+    QCOMPARE(g.w.state, int(WAVE_STOPPED)); // the device was never started here
+}
+
+void TestWaveHelperCallback::shouldTakeTheLoopOffForAnEmptySpan()
+{
+    QByteArray file;
+    const QString path = makeWav(kFormats[3], 7, &file);
+    audiotest::WaveGuard g;
+    QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
+    QCOMPARE(WaveHelperSetLoop(&g.w, 100, 200), 0);
+    QVERIFY(g.w.loopEnd > g.w.loopStart);
+    QCOMPARE(WaveHelperSetLoop(&g.w, 200, 200), 0);
+    QCOMPARE(g.w.loopEnd, 0L);
+    // Past the end of the data it is held to the data.
+    QCOMPARE(WaveHelperSetLoop(&g.w, 0, 1LL << 40), 0);
+    QCOMPARE(g.w.loopEnd, long(qint64(g.w.frameCount) * g.w.frameBytes + 44));
+    QCOMPARE(WaveHelperSetLoop(&g.w, -5, -1), 0);
+    QCOMPARE(g.w.loopEnd, 0L);
+    // The callback plays straight on without a loop.
+    QCOMPARE(std::fseek(g.w.playFile, 44, SEEK_SET), 0);
+    QByteArray stream(4096, char(0xEE));
+    AudioPlayCallbackFunc(&g.w, reinterpret_cast<unsigned char*>(stream.data()), 4096);
+    QCOMPARE(std::ftell(g.w.playFile), 44L + 4096);
 }
 
 TW_TEST_MAIN(TestWaveHelperCallback)

@@ -201,6 +201,31 @@ private slots:
         QCOMPARE(m.actionAt(150, 100, 200, 14), int(MM_MOVE));
     }
 
+    void shouldNudgeOneEdgeWithinTheLimits()
+    {
+        CWaveModel m = loaded(60, 600);
+        m.setSelection(10000, 20000);
+        QVERIFY(m.nudgeBeginEdge(100));
+        QCOMPARE(m.beginTime(), 10100LL);
+        QCOMPARE(m.endTime(), 20000LL); // the other edge stays
+        QVERIFY(m.nudgeEndEdge(-1000));
+        QCOMPARE(m.endTime(), 19000LL);
+        QCOMPARE(m.beginTime(), 10100LL);
+        // Five seconds apart at least.
+        QVERIFY(m.nudgeBeginEdge(100000));
+        QCOMPARE(m.beginTime(), 14000LL);
+        QVERIFY(!m.nudgeBeginEdge(100));
+        QVERIFY(!m.nudgeEndEdge(-100));
+        QCOMPARE(m.endTime(), 19000LL);
+        // Not before the start, not past the song's end.
+        QVERIFY(m.nudgeBeginEdge(-100000));
+        QCOMPARE(m.beginTime(), 0LL);
+        QVERIFY(!m.nudgeBeginEdge(-100));
+        QVERIFY(m.nudgeEndEdge(1000000));
+        QCOMPARE(m.endTime(), static_cast<long long>(m.maxTime()));
+        QVERIFY(!m.nudgeEndEdge(100));
+    }
+
     void shouldHoldEdgesToFiveSecondsAndTheSong()
     {
         CWaveModel m = loaded(60, 600);

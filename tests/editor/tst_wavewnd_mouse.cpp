@@ -153,6 +153,8 @@ private slots:
         QTest::addColumn<int>("shape");
         QTest::newRow("begin edge") << 100 << 100 << int(Qt::SizeHorCursor);
         QTest::newRow("end edge") << 200 << 100 << int(Qt::SizeHorCursor);
+        QTest::newRow("6 px off the begin edge") << 94 << 100 << int(Qt::SizeHorCursor);
+        QTest::newRow("6 px off the end edge") << 206 << 100 << int(Qt::SizeHorCursor);
         QTest::newRow("inside") << 150 << 100 << int(Qt::OpenHandCursor);
         QTest::newRow("play cursor") << 300 << 100 << int(Qt::OpenHandCursor);
         QTest::newRow("play cursor in ruler") << 306 << 5 << int(Qt::OpenHandCursor);

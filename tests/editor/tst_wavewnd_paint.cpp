@@ -348,6 +348,61 @@ private slots:
         QVERIFY(img.pixel(label + tick / 2, 17) != qRgb(86, 86, 86));
     }
 
+    void shouldDrawTheFadesAsRampsOverTheSelection()
+    {
+        auto w = loaded(sixty, 600); // 0 .. 40 s selected: pixels 0 .. 400
+        QVERIFY(w);
+        w->model().setPlayPos(50000);
+        const QImage plain = shot(*w);
+        // A 10 s fade in (0 .. 100 px) and a 5 s fade out, which the engine
+        // runs from 35 s to one second past the end (350 .. 410 px).
+        w->playback().enableFadeIn(true);
+        w->playback().setFadeInLength(10);
+        w->playback().enableFadeOut(true);
+        w->playback().setFadeOutLength(5);
+        const QImage faded = shot(*w);
+        const int h = drawHeight(*w);
+        auto lighter = [](QRgb a, QRgb b) { return qGray(a) > qGray(b) + 5; };
+        // Above the rising ramp the panel is veiled; below it, as it was.
+        QVERIFY(lighter(faded.pixel(50, 25), plain.pixel(50, 25)));
+        QVERIFY(lighter(faded.pixel(90, 25), plain.pixel(90, 25)));
+        QCOMPARE(faded.pixel(50, h - 5), plain.pixel(50, h - 5));
+        QCOMPARE(faded.pixel(90, h - 5), plain.pixel(90, h - 5));
+        // Near the fade's start almost all of the column is veiled.
+        QVERIFY(lighter(faded.pixel(10, h / 2), plain.pixel(10, h / 2)));
+        // Between the fades nothing changes.
+        QCOMPARE(faded.pixel(250, 25), plain.pixel(250, 25));
+        QCOMPARE(faded.pixel(250, h / 2), plain.pixel(250, h / 2));
+        // The falling ramp: veiled near the end's top, not at the bottom.
+        QVERIFY(lighter(faded.pixel(395, 25), plain.pixel(395, 25)));
+        QCOMPARE(faded.pixel(360, h - 5), plain.pixel(360, h - 5));
+        // Outside the selection nothing is drawn.
+        QCOMPARE(faded.pixel(450, 25), plain.pixel(450, 25));
+        // Off again: as before.
+        w->playback().enableFadeIn(false);
+        w->playback().enableFadeOut(false);
+        QCOMPARE(shot(*w), plain);
+    }
+
+    void shouldRingTheWaveWhileItHasTheFocus()
+    {
+        auto w = loaded(sixty, 600);
+        QVERIFY(w);
+        QCOMPARE(w->focusPolicy(), Qt::StrongFocus);
+        w->show();
+        w->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(w.get()));
+        w->setFocus();
+        QVERIFY(w->hasFocus());
+        const QImage focused = shot(*w);
+        QVERIFY(near(focused.pixel(300, 0), 50, 160, 251, 2));
+        QVERIFY(near(focused.pixel(0, 100), 50, 160, 251, 2));
+        w->clearFocus();
+        const QImage plain = shot(*w);
+        QVERIFY(!near(plain.pixel(300, 0), 50, 160, 251, 30));
+        QVERIFY(!near(plain.pixel(0, 100), 50, 160, 251, 30));
+    }
+
     void shouldCentreCursorOnPlayPosition_data()
     {
         QTest::addColumn<float>("zoom");
