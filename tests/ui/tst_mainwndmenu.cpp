@@ -149,6 +149,10 @@ private slots:
         QCOMPARE(entry(4, 1)->text(), QString("Find us on &Twitter"));
 
         QCOMPARE(entry(0, 2)->shortcut(), QKeySequence("Ctrl+B"));
+        QCOMPARE(entry(0, 0)->shortcut(), QKeySequence("Ctrl+O"));
+        QCOMPARE(entry(0, 1)->shortcut(), QKeySequence("Ctrl+S"));
+        QCOMPARE(entry(0, 3)->shortcut(), QKeySequence("Ctrl+Q"));
+        QCOMPARE(entry(3, 3)->shortcut(), QKeySequence("F1"));
         QCOMPARE(entry(1, 0)->shortcut(), QKeySequence("Ctrl+M"));
         QCOMPARE(entry(1, 1)->shortcut(), QKeySequence("Ctrl+F"));
         QCOMPARE(entry(3, 0)->shortcut(), QKeySequence("Ctrl+A"));
@@ -208,7 +212,7 @@ private slots:
         QVERIFY(m_wnd->findChild<QToolButton*>("openFileButton")->toolTip() !=
                 "Open Files (Ctrl+O)");
         entry(2, 0)->trigger();
-        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("File"));
+        QTRY_COMPARE(menuBar()->actions().first()->text(), QString("&File"));
         QVERIFY(!CLanguage::instance()->hasQtTranslator());
     }
 

@@ -163,7 +163,7 @@ private slots:
         CLanguage::instance()->translatorLan("ja");
         QTRY_COMPARE(command()->text(), QString("いちばん良い部分を提案(&B)"));
         CLanguage::instance()->translatorLan("en");
-        QTRY_COMPARE(button()->toolTip(), QString("Suggest the best part"));
+        QTRY_COMPARE(button()->toolTip(), QString("Suggest the best part (Ctrl+B)"));
     }
 };
 
