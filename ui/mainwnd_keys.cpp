@@ -179,22 +179,6 @@ void CMainWnd::createKeyActions()
 
 void CMainWnd::setupKeyboard()
 {
-    // Every control takes the focus from Tab and from a click.
-    const QList<QWidget*> controls = {
-        m_libraryTree,     m_songList,     m_backBtn,      m_forwardBtn,  m_showVideoBtn,
-        m_openFileBtn,     m_closeBtn,     m_zoomOutBtn,   m_zoomSlider,  m_zoomInBtn,
-        m_setBeginBtn,     m_playBtn,      m_previewBtn,   m_setEndBtn,   m_suggestBtn,
-        m_volumeReduceBtn, m_volumeSlider, m_volumeAddBtn, m_fadeInCheck, m_fadeInSpin,
-        m_beginTime,       m_fadeOutCheck, m_fadeOutSpin,  m_endTime,     m_normalizeCombo,
-        m_startBtn,        m_kindCombo,    m_twitterBtn,   m_facebookBtn};
-    for (QWidget* w : controls) {
-        w->setFocusPolicy(Qt::StrongFocus);
-        w->installEventFilter(this);
-        // In a dialog a focused push button would take Return from the
-        // fields: only Space clicks them.
-        if (auto* push = qobject_cast<QPushButton*>(w))
-            push->setAutoDefault(false);
-    }
     // A sensible order: the library, its navigation, then the editor from
     // top to bottom, left to right.
     const QList<QWidget*> order = {
@@ -205,6 +189,18 @@ void CMainWnd::setupKeyboard()
         m_fadeInCheck,  m_fadeInSpin,     m_beginTime,       m_fadeOutCheck, m_fadeOutSpin,
         m_endTime,      m_normalizeCombo, m_startBtn,        m_kindCombo,    m_twitterBtn,
         m_facebookBtn};
+    for (QWidget* w : order) {
+        // The search field and the wave take the focus of themselves.
+        if (w == m_filterEdit || w == m_waveWnd)
+            continue;
+        // Every other control takes the focus from Tab and from a click.
+        w->setFocusPolicy(Qt::StrongFocus);
+        w->installEventFilter(this);
+        // In a dialog a focused push button would take Return from the
+        // fields: only Space clicks them.
+        if (auto* push = qobject_cast<QPushButton*>(w))
+            push->setAutoDefault(false);
+    }
     for (int i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
     m_beginLabel->setBuddy(m_beginTime);
