@@ -4,6 +4,7 @@
 // the timer's end-of-selection pause, rewind and paging, and a dropped play
 // cursor while playing.
 
+#include "editor/spanrender.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
 #include "wavewndfixture.h"
@@ -156,6 +157,50 @@ private slots:
         QCOMPARE(model.playPos(), 2800LL);
         QCOMPARE(playback.enginePos(), 2800LL);
         QCOMPARE(playback.engineState(), 2);
+    }
+
+    void shouldLoopThePreviewUntilPaused()
+    {
+        CWaveModel model;
+        CWavePlayback playback(model);
+        QVERIFY(open(model, playback, sixty, 400));
+        model.setSelection(2000, 2800);
+        playback.setLooping(true);
+        QVERIFY(playback.isLooping());
+        // Not previewing yet: no loop on the engine.
+        QCOMPARE(playback.record().loopEnd, 0L);
+        QSignalSpy paused(&playback, &CWavePlayback::onPause);
+        playback.preview();
+        const tagWaveInfo& wave = playback.record();
+        const long frameBytes = wave.frameBytes;
+        QCOMPARE(wave.loopStart, long(spanFrameAt(2000, wave.sampleRate) * frameBytes + 44));
+        QCOMPARE(wave.loopEnd, long(spanFrameAt(2800, wave.sampleRate) * frameBytes + 44));
+        // A new selection is looped at once.
+        model.setSelection(3000, 4000);
+        playback.selectionChanged();
+        QCOMPARE(wave.loopEnd, long(spanFrameAt(4000, wave.sampleRate) * frameBytes + 44));
+        model.setSelection(2000, 2800);
+        playback.selectionChanged();
+        // The position comes back round (sampled, never assumed) and the
+        // preview goes on: no pause at the selection's end.
+        long long last = 0;
+        bool wrapped = false;
+        QTRY_VERIFY_WITH_TIMEOUT(
+            [&] {
+                const long long pos = playback.enginePos();
+                wrapped = wrapped || (pos < last && pos >= 2000);
+                last = pos;
+                return wrapped;
+            }(),
+            10000);
+        QVERIFY(playback.isPreview());
+        QCOMPARE(paused.count(), 0);
+        QCOMPARE(playback.engineState(), int(WAVE_PLAYING));
+        // Play leaves the loop behind.
+        playback.pause();
+        playback.play();
+        QCOMPARE(wave.loopEnd, 0L);
+        playback.pause();
     }
 
     void shouldRewindAtTheSongsEnd()
