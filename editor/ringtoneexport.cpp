@@ -152,7 +152,9 @@ int CRingtoneExport::exportTo(const QString& path)
     if (m_exportOnly)
         return 0;
     m_handedOver = addToLibrary(path) == 0;
-    return m_io.reload();
+    // The temporary WAV was left as it was decoded: opened again, not
+    // decoded again from the song.
+    return m_io.reopen();
 }
 
 int CRingtoneExport::render(const CSpanRender& span, LoudnessSettings settings, const QString& path,

@@ -80,15 +80,16 @@ public:
     void setTags(const QString& title, const QString& artist);
 
     // Renders the selection with its effects into `path`, then hands it to
-    // the library and rebuilds the editor's temporary WAV (the render wrote
-    // the effects into it). -1 for an empty path, otherwise the last step's
-    // result: the rebuilt WAV's WaveHelperInit result, or a negative code.
+    // the library and opens the editor's temporary WAV again (the effects go
+    // into the ringtone only, so the WAV is as it was decoded). -1 for an
+    // empty path, otherwise the last step's result: the reopened WAV's
+    // WaveHelperInit result, or a negative code.
     // A failed hand-over does not fail the export: handedOver() tells.
     int exportTo(const QString& path);
     // Whether the last export's ringtone went into the library.
     bool handedOver() const { return m_handedOver; }
     // An export that only writes the ringtone (answering 0 when it is
-    // written): no hand-over and no rebuilt temporary WAV. The command line
+    // written): no hand-over and the temporary WAV left closed. The command line
     // makes one ringtone a run and adds it itself when asked.
     void setExportOnly(bool on) { m_exportOnly = on; }
 

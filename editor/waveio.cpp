@@ -153,6 +153,15 @@ bool CWaveIo::isCanonicalWave(const char* path)
            le16(34) == kBits && h.mid(36, 4) == "data";
 }
 
+int CWaveIo::reopen()
+{
+    qDebug().noquote() << "reopen:" << wavePath;
+    // The second half of the export's progress, shown as done.
+    if (waitPhase(0.5f, 0.5f, false) < 0)
+        return -3;
+    return m_playback.open(wavePath);
+}
+
 int CWaveIo::reload()
 {
     wavePath = newTempWavePath();

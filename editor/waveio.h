@@ -1,8 +1,8 @@
 #pragma once
 // CWaveIo: the editor's import without a widget. Every source, whatever its
 // format, becomes a temporary PCM WAV in the cache directory that the
-// playback's engine then opens; after an export the temporary WAV is rebuilt
-// from the song (the export writes the effects into it). Holds the song
+// playback's engine then opens; after an export the same temporary WAV opens
+// again (the export leaves it as it was decoded). Holds the song
 // being edited and the path of its temporary WAV; the progress wait is
 // borrowed (an own, silent one stands in without one). GUI thread; the wait
 // keeps the event loop turning while the engine converts.
@@ -62,6 +62,10 @@ public:
     // Rebuilds the temporary WAV of the song under a new name and opens it;
     // the selection, zoom and scroll stay. WaveHelperInit's result, -2, -3.
     int reload();
+    // Opens the temporary WAV again as it stands (an export leaves it as it
+    // was decoded): no conversion. The selection, zoom and scroll stay.
+    // WaveHelperInit's result, or -3.
+    int reopen();
     // The wait every conversion of the editor goes through.
     CProgressWait& progressWait() const { return *m_wait; }
     // Waits for one phase of a conversion (see CProgressWait::start).

@@ -54,6 +54,12 @@ void CWavePlayback::close()
 
 void CWavePlayback::closeForExport()
 {
+    // The temporary WAV stays as it was decoded: with the gain, the fades
+    // and the volume off the record, closing writes nothing back, and the
+    // same file opens again after the export.
+    WaveHelperSetGain(&wave, nullptr);
+    putFades(&wave, false);
+    WaveHelperChangeVolume(&wave, 100);
     release();
     emit onPause(bPreview);
 }

@@ -40,7 +40,9 @@ public:
     void release();
     // release() and onStop().
     void close();
-    // release() and onPause(): playback ends while an export renders the file.
+    // release() without writing anything into the file, and onPause():
+    // playback ends while an export renders the selection; the file stays
+    // as it was decoded.
     void closeForExport();
     // A wave is open and has a peak table.
     bool isOpen() const { return wave.peakTable != nullptr; }

@@ -3,7 +3,6 @@
 // which makes a song record of it and calls openFile.
 
 #include "editor/ringtoneexport.h"
-#include "editor/spansuggest.h"
 #include "editor/waveio.h"
 #include "editor/waveplayback.h"
 #include "editor/wavewnd.h"
@@ -40,15 +39,10 @@ int CWaveWnd::reload()
 
 int CWaveWnd::convertToM4r(QString m4rPath)
 {
-    // The export replaces the temporary WAV: proposals still being worked
-    // out start again on the new one.
-    const bool suggesting = !m_suggest->isReady();
-    if (suggesting)
-        m_suggest->clear();
+    // The export leaves the temporary WAV as it was: proposals still being
+    // worked out go on reading it.
     const int rc = m_export->exportTo(m4rPath);
-    if (suggesting && m_playback->isOpen())
-        m_suggest->start(m_io->getWavePath(), m_playback->record(), kSuggestionLengthMs);
-    // The export went on a new temporary WAV.
+    // The engine opened the file again.
     refreshLevels();
     update();
     return rc;

@@ -198,12 +198,26 @@ private slots:
         QVERIFY(openSong(model, playback, io));
         model.setSelection(0, 6000);
 
+        // Fades and volume on: the export renders them without writing them
+        // into the temporary WAV.
+        playback.enableFadeIn(true);
+        playback.setFadeInLength(2);
+        playback.enableFadeOut(true);
+        playback.setFadeOutLength(2);
+        playback.setVolume(180);
+        const QString wave = io.getWavePath();
+        const QByteArray before = tw::fileChecksum(wave);
+
         CRingtoneExport ringtone(model, playback, io);
         const QString path = m_dir.filePath("Handed Over.m4r");
-        QCOMPARE(ringtone.exportTo(path), 0); // the rebuilt WAV opened
+        QCOMPARE(ringtone.exportTo(path), 0); // the same WAV opened again
         QVERIFY(QFile::exists(libraryRingtoneDir() + "/Handed Over.m4r"));
         QVERIFY(playback.isOpen());
         QCOMPARE(model.endTime(), 6000LL);
+        // No second decode: the same file, as it was decoded.
+        QCOMPARE(io.getWavePath(), wave);
+        QCOMPARE(tw::fileChecksum(wave), before);
+        QCOMPARE(int(playback.record().frameCount), int(model.frameCount()));
     }
 
     void shouldSayWhenTheLibraryRefusesAFile()

@@ -311,6 +311,7 @@ private slots:
         const QByteArray before = tw::fileChecksum(src);
         QCOMPARE(m_wnd->openFile(song(src)), 0);
         const QString firstWave = m_wnd->io().getWavePath();
+        const QByteArray firstWaveSum = tw::fileChecksum(firstWave);
 
         m_wnd->setBeginTime(10000LL);
         m_wnd->setEndTime(50000LL);
@@ -362,9 +363,11 @@ private slots:
         QCOMPARE(tw::fileChecksum(placed), tw::fileChecksum(ring));
         QCOMPARE(tw::fileChecksum(src), before);
 
-        // The editor reloaded a fresh temporary WAV and kept its selection.
+        // The editor opened the same temporary WAV again, untouched (no
+        // second decode), and kept its selection.
         const QString secondWave = m_wnd->io().getWavePath();
-        QVERIFY(secondWave != firstWave);
+        QCOMPARE(secondWave, firstWave);
+        QCOMPARE(tw::fileChecksum(secondWave), firstWaveSum);
         QVERIFY(QFile::exists(secondWave));
         QVERIFY(m_wnd->playback().record().peakTable != nullptr);
         QCOMPARE(m_wnd->model().beginTime(), 10000LL);
@@ -377,7 +380,8 @@ private slots:
         QVERIFY(m_wnd->convertToM4r(again) >= 0);
         QVERIFY(QFile::exists(again));
         QVERIFY(std::fabs(probeDuration(again) * 1000.0 - 40000.0) <= kAacFrameMs);
-        QVERIFY(m_wnd->io().getWavePath() != secondWave);
+        QCOMPARE(m_wnd->io().getWavePath(), secondWave);
+        QCOMPARE(tw::fileChecksum(secondWave), firstWaveSum);
         QVERIFY(QFile::exists(ringtoneDir() + "/Again.m4r"));
     }
 

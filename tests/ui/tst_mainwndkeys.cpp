@@ -24,6 +24,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMessageBox>
@@ -215,6 +216,10 @@ private slots:
             if (!QTest::qWaitForWindowActive(modal))
                 qWarning("the name dialog did not become active");
             QWidget* field = modal->focusWidget();
+            // Where the dialog puts the focus, should its activation not
+            // have reached it yet (slow runs, the offscreen platform).
+            if (!field)
+                field = modal->findChild<QLineEdit*>("lineEdit");
             if (!field) {
                 modal->close(); // fails below rather than waiting for ever
                 return;
