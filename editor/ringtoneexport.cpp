@@ -118,7 +118,6 @@ int CRingtoneExport::exportTo(const QString& path)
     if (path.isEmpty())
         return -1;
     qDebug().noquote() << "convert m4r:" << path;
-    m_playback.applyEffect(true);
     // A leftover of the same name goes before the engine writes there.
     if (QFile::exists(path))
         QFile::remove(path);

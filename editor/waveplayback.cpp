@@ -271,13 +271,10 @@ void CWavePlayback::seek(long long ms)
         return;
     const long long to = std::clamp<long long>(ms, 0, static_cast<long long>(m_model.maxTime()));
     m_model.setPlayPos(to);
-    if (WaveHelperGetState(&wave) == WAVE_PLAYING) {
-        WaveHelperPause(&wave);
+    if (WaveHelperGetState(&wave) == WAVE_PLAYING)
+        cursorMoved();
+    else
         WaveHelperSetPos(&wave, to);
-        do_play();
-    } else {
-        WaveHelperSetPos(&wave, to);
-    }
     emit playPosChange(to);
     emit changed();
 }

@@ -56,6 +56,7 @@ CWaveWnd::CWaveWnd(QWidget* parent, CProgressWait* progressWait)
     m_model->setViewWidthSource([this] { return width(); });
     setContentsMargins(0, 0, 0, 0);
     setFocusPolicy(Qt::StrongFocus);
+    describeKeys();
     describeSelection();
     initScrollBar();
     setAcceptDrops(true);
@@ -94,11 +95,15 @@ void CWaveWnd::emitSelectChange()
     refreshLevels();
 }
 
-void CWaveWnd::describeSelection()
+void CWaveWnd::describeKeys()
 {
     setAccessibleDescription(
         tr("Space plays, Shift+Space previews the selection, I and O set its start and end, Alt "
            "and Ctrl with the arrow keys move its edges"));
+}
+
+void CWaveWnd::describeSelection()
+{
     if (!m_playback->isOpen()) {
         setAccessibleName(tr("Waveform, no song open"));
         return;
@@ -110,8 +115,10 @@ void CWaveWnd::describeSelection()
 
 void CWaveWnd::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
+        describeKeys();
         describeSelection();
+    }
     QWidget::changeEvent(event);
 }
 
@@ -473,28 +480,27 @@ void CWaveWnd::setLooping(bool on)
     m_playback->setLooping(on);
 }
 
-void CWaveWnd::seekBy(long long ms)
+void CWaveWnd::seekTo(long long ms)
 {
     if (!m_playback->isOpen())
         return;
-    m_playback->seek(m_model->playPos() + ms);
+    m_playback->seek(ms);
     showTime(m_model->playPos());
+}
+
+void CWaveWnd::seekBy(long long ms)
+{
+    seekTo(m_model->playPos() + ms);
 }
 
 void CWaveWnd::toBegin()
 {
-    if (!m_playback->isOpen())
-        return;
-    m_playback->seek(m_model->beginTime());
-    showTime(m_model->playPos());
+    seekTo(m_model->beginTime());
 }
 
 void CWaveWnd::toEnd()
 {
-    if (!m_playback->isOpen())
-        return;
-    m_playback->seek(m_model->endTime());
-    showTime(m_model->playPos());
+    seekTo(m_model->endTime());
 }
 
 void CWaveWnd::nudgeBegin(long long ms)

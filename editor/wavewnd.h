@@ -203,8 +203,11 @@ private:
     void levelsMeasured();
     // Moves the scroll bar by a gesture's step (which scrolls the view).
     void scrollBy(int step);
-    // The accessible name: the selection in words.
+    // The accessible name: the selection in words; the description: the keys.
     void describeSelection();
+    void describeKeys();
+    // Moves the play position (clamped to the song) and scrolls it into view.
+    void seekTo(long long ms);
     // Scrolls so that a time is in view.
     void showTime(long long ms);
 

@@ -67,6 +67,7 @@ public:
     ~CMainWnd() override;
 
     void retranslate();
+    // The play and preview buttons' tool-tips and names, with their keys.
     void changeToolTip();
     // What upgrade() hands the update client: the window's name, the proxy
     // when one is on, then the service, version, product and switches.
@@ -164,8 +165,8 @@ private:
     void setupKeyboard();
     // The texts of the keys' commands, tool-tips with keys, accessible names.
     void retranslateKeys();
-    // The play and preview buttons' tool-tips and names, with their keys.
-    void playKeysChanged();
+    // The volume slider's tool-tip says its value.
+    void showVolumeTip();
     EditState currentEdit() const;
     void applyEdit(const EditState& state);
     void resetHistory();

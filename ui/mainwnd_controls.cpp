@@ -412,7 +412,7 @@ void CMainWnd::volumeChanged(int n)
 {
     const QSignalBlocker blocker(m_volumeSlider);
     m_volumeSlider->setValue(n);
-    m_volumeSlider->setToolTip(tr("Volume: %1%").arg(n));
+    showVolumeTip();
 }
 
 void CMainWnd::onPlay(long long lPos, bool bPreview)
@@ -437,13 +437,6 @@ void CMainWnd::onStop()
     m_playBtn->setChecked(false);
     changeToolTip();
     m_current = CRingToneNode();
-}
-
-void CMainWnd::changeToolTip()
-{
-    m_playBtn->setToolTip(m_playBtn->isChecked() ? tr("Pause") : tr("Play"));
-    m_previewBtn->setToolTip(m_previewBtn->isChecked() ? tr("Pause") : tr("Preview Selected"));
-    playKeysChanged();
 }
 
 // --- to the editor ----------------------------------------------------------

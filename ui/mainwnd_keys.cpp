@@ -214,7 +214,7 @@ void CMainWnd::setupKeyboard()
         // A drag of the slider is one step, taken when it is let go.
         if (!m_volumeSlider->isSliderDown())
             commitEdit();
-        m_volumeSlider->setToolTip(tr("Volume: %1%").arg(m_volumeSlider->value()));
+        showVolumeTip();
     });
     connect(m_volumeSlider, &QSlider::sliderReleased, this, &CMainWnd::commitEdit);
     connect(m_volumeAddBtn, &QToolButton::clicked, this, &CMainWnd::commitEdit);
@@ -255,7 +255,7 @@ void CMainWnd::retranslateKeys()
     m_suggestBtn->setToolTip(withKey(tr("Suggest the best part"), m_suggestAct));
     m_startBtn->setToolTip(withKey(tr("Start to Create"), m_saveAsAct));
     m_openFileBtn->setToolTip(withKey(tr("Open Files"), m_openAct));
-    m_volumeSlider->setToolTip(tr("Volume: %1%").arg(m_volumeSlider->value()));
+    showVolumeTip();
 
     // What a screen reader says of each control.
     const std::pair<QWidget*, QString> names[] = {
@@ -300,16 +300,19 @@ void CMainWnd::retranslateKeys()
     changeToolTip();
 }
 
-void CMainWnd::playKeysChanged()
+void CMainWnd::changeToolTip()
 {
-    if (!m_playAct)
-        return;
     m_playBtn->setToolTip(withKey(m_playBtn->isChecked() ? tr("Pause") : tr("Play"), m_playAct));
     m_previewBtn->setToolTip(
         withKey(m_previewBtn->isChecked() ? tr("Pause") : tr("Preview Selected"), m_previewAct));
     m_playBtn->setAccessibleName(m_playBtn->isChecked() ? tr("Pause") : tr("Play"));
     m_previewBtn->setAccessibleName(m_previewBtn->isChecked() ? tr("Pause")
                                                               : tr("Preview Selected"));
+}
+
+void CMainWnd::showVolumeTip()
+{
+    m_volumeSlider->setToolTip(tr("Volume: %1%").arg(m_volumeSlider->value()));
 }
 
 // --- undo and redo ----------------------------------------------------------

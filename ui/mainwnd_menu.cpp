@@ -137,15 +137,7 @@ void CMainWnd::retranslate()
     m_forwardBtn->setToolTip(tr("Frontward"));
     m_backBtn->setToolTip(tr("Backward  ")); // two trailing blanks, kept
     m_showVideoBtn->setToolTip(tr("Show or Hide Music Cover, Video Preview Box"));
-    m_openFileBtn->setToolTip(tr("Open Files"));
 
-    m_zoomOutBtn->setToolTip(tr("Timeline Zoom Out"));
-    m_zoomInBtn->setToolTip(tr("Timeline Zoom In"));
-    m_setBeginBtn->setToolTip(tr("Set as Start Time"));
-    m_playBtn->setToolTip(tr("Play"));
-    m_previewBtn->setToolTip(tr("Preview Selected"));
-    m_setEndBtn->setToolTip(tr("Set as End Time"));
-    m_suggestBtn->setToolTip(tr("Suggest the best part"));
     m_volumeReduceBtn->setToolTip(tr("Voice Zoom Out"));
     m_volumeAddBtn->setToolTip(tr("Voice Zoom In"));
     m_closeBtn->setToolTip(tr("Quit Editing"));
@@ -154,7 +146,6 @@ void CMainWnd::retranslate()
     m_fadeInCheck->setText(tr("Fade  in"));
     m_beginLabel->setText(tr("Start Time"));
     m_endLabel->setText(tr("End  Time"));
-    m_startBtn->setToolTip(tr("Start to Create"));
     m_twitterBtn->setToolTip(tr("Tweet Your Ringtone"));
     m_facebookBtn->setToolTip(tr("Find us on Facebook"));
 
@@ -203,9 +194,8 @@ void CMainWnd::retranslate()
     m_optionAct->setText(tr("Option"));
 
     setWindowTitle(tr("Tonewright"));
-    if (m_editMenu)
-        retranslateKeys();
-    changeToolTip();
+    // The editor's tool-tips with their keys, and the accessible names.
+    retranslateKeys();
 }
 
 void CMainWnd::changeEvent(QEvent* event)

@@ -448,11 +448,11 @@
     </message>
     <message>
         <source>Back One Second</source>
-        <translation>Reculer d'une seconde</translation>
+        <translation>Reculer d&apos;une seconde</translation>
     </message>
     <message>
         <source>Forward One Second</source>
-        <translation>Avancer d'une seconde</translation>
+        <translation>Avancer d&apos;une seconde</translation>
     </message>
     <message>
         <source>Go to the Start of the Selection</source>
@@ -508,7 +508,7 @@
     </message>
     <message>
         <source>Fade-in length in seconds</source>
-        <translation>Durée du fondu d'entrée en secondes</translation>
+        <translation>Durée du fondu d&apos;entrée en secondes</translation>
     </message>
     <message>
         <source>Fade-out length in seconds</source>
@@ -520,7 +520,7 @@
     </message>
     <message>
         <source>Scroll the waveform</source>
-        <translation>Faire défiler la forme d'onde</translation>
+        <translation>Faire défiler la forme d&apos;onde</translation>
     </message>
     <message>
         <source>Song</source>
@@ -528,11 +528,11 @@
     </message>
     <message>
         <source>Play or Pause the Preview</source>
-        <translation>Lire ou mettre en pause l'aperçu</translation>
+        <translation>Lire ou mettre en pause l&apos;aperçu</translation>
     </message>
     <message>
         <source>Fade in</source>
-        <translation>Fondu d'entrée</translation>
+        <translation>Fondu d&apos;entrée</translation>
     </message>
     <message>
         <source>End Time</source>
@@ -552,7 +552,7 @@
     </message>
     <message>
         <source>A ringtone is being written. Close Tonewright when it is done?</source>
-        <translation>Une sonnerie est en cours d'écriture. Fermer Tonewright quand elle sera terminée ?</translation>
+        <translation>Une sonnerie est en cours d&apos;écriture. Fermer Tonewright quand elle sera terminée ?</translation>
     </message>
     <message>
         <source>&amp;File</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>Waveform, no song open</source>
-        <translation>Forme d'onde, aucun morceau ouvert</translation>
+        <translation>Forme d&apos;onde, aucun morceau ouvert</translation>
     </message>
     <message>
         <source>Selection %1 to %2 of %3</source>

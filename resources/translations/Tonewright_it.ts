@@ -416,11 +416,11 @@
     </message>
     <message>
         <source>Move the Start Earlier</source>
-        <translation>Anticipa l'inizio</translation>
+        <translation>Anticipa l&apos;inizio</translation>
     </message>
     <message>
         <source>Move the Start Later</source>
-        <translation>Posticipa l'inizio</translation>
+        <translation>Posticipa l&apos;inizio</translation>
     </message>
     <message>
         <source>Move the End Earlier</source>
@@ -444,7 +444,7 @@
     </message>
     <message>
         <source>Loop the Preview</source>
-        <translation>Ripeti l'anteprima</translation>
+        <translation>Ripeti l&apos;anteprima</translation>
     </message>
     <message>
         <source>Back One Second</source>
@@ -456,7 +456,7 @@
     </message>
     <message>
         <source>Go to the Start of the Selection</source>
-        <translation>Vai all'inizio della selezione</translation>
+        <translation>Vai all&apos;inizio della selezione</translation>
     </message>
     <message>
         <source>Go to the End of the Selection</source>
@@ -520,7 +520,7 @@
     </message>
     <message>
         <source>Scroll the waveform</source>
-        <translation>Scorri la forma d'onda</translation>
+        <translation>Scorri la forma d&apos;onda</translation>
     </message>
     <message>
         <source>Song</source>
@@ -528,7 +528,7 @@
     </message>
     <message>
         <source>Play or Pause the Preview</source>
-        <translation>Riproduci o metti in pausa l'anteprima</translation>
+        <translation>Riproduci o metti in pausa l&apos;anteprima</translation>
     </message>
     <message>
         <source>Fade in</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>Waveform, no song open</source>
-        <translation>Forma d'onda, nessun brano aperto</translation>
+        <translation>Forma d&apos;onda, nessun brano aperto</translation>
     </message>
     <message>
         <source>Selection %1 to %2 of %3</source>

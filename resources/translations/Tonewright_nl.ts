@@ -572,7 +572,7 @@
     </message>
     <message>
         <source>E&amp;xtras</source>
-        <translation>E&amp;xtra's</translation>
+        <translation>E&amp;xtra&apos;s</translation>
     </message>
 </context>
 <context>

@@ -26,7 +26,7 @@ else:
     pyatspi = None
 
 # Roles a user acts on; anything focusable counts as well.
-INTERACTIVE_NAMES = [
+INTERACTIVE = {
     pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_TOGGLE_BUTTON, pyatspi.ROLE_CHECK_BOX,
     pyatspi.ROLE_RADIO_BUTTON, pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_SLIDER,
     pyatspi.ROLE_SPIN_BUTTON, pyatspi.ROLE_ENTRY, pyatspi.ROLE_PASSWORD_TEXT,
@@ -34,8 +34,7 @@ INTERACTIVE_NAMES = [
     pyatspi.ROLE_TABLE, pyatspi.ROLE_MENU, pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM,
     pyatspi.ROLE_RADIO_MENU_ITEM, pyatspi.ROLE_PAGE_TAB, pyatspi.ROLE_SCROLL_BAR,
     pyatspi.ROLE_LINK, pyatspi.ROLE_CANVAS,
-] if pyatspi else []
-INTERACTIVE = set(INTERACTIVE_NAMES)
+} if pyatspi else set()
 TIMEOUT_S = 60
 
 
