@@ -23,6 +23,8 @@ namespace {
 
 // Any width works: the model needs one for its zoom arithmetic only.
 constexpr int kViewWidth = 1000;
+// Decoded past a span's end, so that the WAV never ends a rounding short of it.
+constexpr long long kSpanTailMs = 1000;
 
 QString seconds(long long ms)
 {
@@ -128,10 +130,9 @@ int CRingtoneMaker::resolveSpan(long long startMs, long long endMs, long long du
     return kExitOk;
 }
 
-int CRingtoneMaker::decode(const QString& input, CWaveIo& io, CWavePlayback& playback)
+int CRingtoneMaker::check(const QString& input, long long* audioMs)
 {
-    long long audioMs = 0;
-    switch (CWaveIo::checkSource(input, &audioMs)) {
+    switch (CWaveIo::checkSource(input, audioMs)) {
     case SourceProblem::None:
         break;
     case SourceProblem::Unreadable:
@@ -145,14 +146,19 @@ int CRingtoneMaker::decode(const QString& input, CWaveIo& io, CWavePlayback& pla
         return kExitNoAudio;
     case SourceProblem::TooShort:
         m_message = QString("%1: too short (%2); the shortest ringtone is %3")
-                        .arg(input, seconds(audioMs), seconds(kMinSelection));
+                        .arg(input, seconds(*audioMs), seconds(kMinSelection));
         return kExitTooShort;
     }
+    return kExitOk;
+}
 
+int CRingtoneMaker::decode(const QString& input, CWaveIo& io, CWavePlayback& playback,
+                           long long fromMs, long long toMs)
+{
     CRingToneNode song;
     song.strPath = input;
     io.setNode(song);
-    const int decoded = io.convertToWave(input);
+    const int decoded = io.convertToWave(input, fromMs, toMs);
     if (decoded == -4) {
         m_message = QString("%1: no audio stream").arg(input);
         return kExitNoAudio;
@@ -173,17 +179,17 @@ int CRingtoneMaker::suggest(const QString& input, long long lengthMs,
     int code = checkInput(input, &m_message);
     if (code != kExitOk)
         return code;
-    EditorParts parts;
-    code = decode(input, parts.io, parts.playback);
+    long long audioMs = 0;
+    code = check(input, &audioMs);
     if (code != kExitOk)
         return code;
-    const tagWaveInfo wave = parts.playback.record();
-    parts.playback.release();
-    *durationMs =
-        wave.sampleRate ? static_cast<long long>(wave.frameCount) * 1000 / wave.sampleRate : 0;
-    *proposals = CSpanSuggest::analyse(parts.io.getWavePath(), wave, lengthMs);
+    *proposals = CSpanSuggest::analyseSource(input, lengthMs, durationMs);
     if (!proposals->empty())
         return kExitOk;
+    if (*durationMs == 0) {
+        m_message = QString("%1: could not be decoded").arg(input);
+        return kExitConversionFailed;
+    }
     if (*durationMs < kMinSelection) {
         m_message = QString("%1: too short (%2); the shortest ringtone is %3")
                         .arg(input, seconds(*durationMs), seconds(kMinSelection));
@@ -219,34 +225,58 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     // The ringtone's own name is its title.
     ringtone.setTags(QFileInfo(output).completeBaseName(), QString());
 
-    // Decoding is the first half of the work, encoding the second (the
-    // export's phase reports 0..50).
-    parts.wait.setPercentReport([&progress](int percent) { progress(percent / 2); });
-    code = decode(input, io, playback);
+    long long audioMs = 0;
+    code = check(input, &audioMs);
     if (code != kExitOk)
         return code;
-    model.load(playback.record().frameCount, playback.record().sampleRate);
-
     long long start = m_options.startMs;
     long long requestedEnd = m_options.requestedEndMs();
     if (m_options.startAuto) {
         // The best proposal of the length asked for (--end does not go with it).
         const long long length = requestedEnd - start;
-        const std::vector<SpanProposal> proposals =
-            CSpanSuggest::analyse(io.getWavePath(), playback.record(), length);
+        const std::vector<SpanProposal> proposals = CSpanSuggest::analyseSource(input, length);
         start = proposals.empty() ? 0 : proposals.front().beginMs;
         requestedEnd = start + length;
     }
 
+    // Only the span is decoded, from the whole second at or before its
+    // begin: the fades sit on whole seconds of the song, and whole seconds
+    // keep every frame where the whole song's WAV has it. The tail past the
+    // end keeps the WAV from ending a rounding short of it. A length the
+    // probe did not know, or a span it puts past the end, decodes the whole
+    // input, whose own length then decides.
+    long long offset = 0;
+    long long until = 0;
     long long begin = 0;
     long long end = 0;
-    code = resolveSpan(start, requestedEnd, static_cast<long long>(model.maxTime()), &begin, &end);
+    if (audioMs > 0 && resolveSpan(start, requestedEnd, audioMs, &begin, &end) == kExitOk) {
+        offset = begin / 1000 * 1000;
+        until = requestedEnd + kSpanTailMs;
+    }
+    m_message.clear();
+
+    // Decoding is the first half of the work, encoding the second (the
+    // export's phase reports 0..50).
+    parts.wait.setPercentReport([&progress](int percent) { progress(percent / 2); });
+    code = decode(input, io, playback, offset, until);
+    if (code != kExitOk && offset + until != 0) {
+        // A span the probe misjudged: the whole input tells.
+        QFile::remove(io.getWavePath());
+        offset = until = 0;
+        code = decode(input, io, playback, 0, 0);
+    }
+    if (code != kExitOk)
+        return code;
+    model.load(playback.record().frameCount, playback.record().sampleRate);
+
+    code = resolveSpan(start, requestedEnd, offset + static_cast<long long>(model.maxTime()),
+                       &begin, &end);
     if (code != kExitOk) {
         m_message = input + ": " + m_message;
         playback.release();
         return code;
     }
-    model.setSelection(begin, end);
+    model.setSelection(begin - offset, end - offset);
     playback.enableFadeIn(m_options.fadeInSeconds > 0);
     playback.setFadeInLength(m_options.fadeInSeconds);
     playback.enableFadeOut(m_options.fadeOutSeconds > 0);

@@ -1,11 +1,13 @@
 #pragma once
 // One input into one ringtone, through the editor's own import and export
-// (CWaveIo and CRingtoneExport over a CWaveModel and a CWavePlayback): the input becomes the
-// editor's temporary WAV, the span, fades and volume are set as the editor
-// sets them, and the export renders the span. The ringtone is written under
-// a hidden name beside the output and renamed into place when complete; the
-// temporary WAV is removed. It also finds an input's best-part proposals
-// the editor's way. Needs the application object; one at a time.
+// (CWaveIo and CRingtoneExport over a CWaveModel and a CWavePlayback): the
+// span of the input becomes the editor's temporary WAV (decoded from a seek
+// near its start, not the whole song), the span, fades and volume are set
+// as the editor sets them, and the export renders the span. The ringtone is
+// written under a hidden name beside the output and renamed into place when
+// complete; the temporary WAV is removed. It also finds an input's best-part
+// proposals the editor's way, decoding the input straight into the
+// analysis. Needs the application object; one at a time.
 
 #include "cli/clioptions.h"
 #include "editor/spanfinder.h"
@@ -30,8 +32,7 @@ public:
     const QString& message() const { return m_message; }
 
     // The best-part proposals of `input` for spans of `lengthMs`, best
-    // first, and the input's length; writes nothing but the temporary WAV,
-    // which it removes. A CliExitCode; message() says what went wrong.
+    // first, and the input's length; writes nothing. A CliExitCode; message() says what went wrong.
     int suggest(const QString& input, long long lengthMs, std::vector<SpanProposal>* proposals,
                 long long* durationMs);
 
@@ -43,9 +44,13 @@ public:
                            QString* message);
 
 private:
-    // Checks that `input` is media with sound and decodes it into the
+    // Checks that `input` is media with sound; `audioMs` gets the probe's
+    // length of its sound (0 when unknown). kExitOk or the code.
+    int check(const QString& input, long long* audioMs);
+    // Decodes `input` (from `fromMs` to `toMs`, or whole with 0..0) into the
     // editor's temporary WAV, open in `playback`. kExitOk or the code.
-    int decode(const QString& input, CWaveIo& io, CWavePlayback& playback);
+    int decode(const QString& input, CWaveIo& io, CWavePlayback& playback, long long fromMs = 0,
+               long long toMs = 0);
     // The span from `startMs` to `endMs` within an input of `durationMs`:
     // the end held to the input's end, then the length rules again.
     // kExitOk or the code.

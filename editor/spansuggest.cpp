@@ -1,5 +1,7 @@
 #include "editor/spansuggest.h"
 
+#include "engine/convertwraper.h"
+
 #include <QFile>
 #include <QMetaObject>
 #include <QSysInfo>
@@ -86,6 +88,32 @@ std::vector<SpanProposal> CSpanSuggest::analyse(const QString& path, const tagWa
     if (!features || (cancel && *cancel))
         return {};
     return CSpanFinder().propose(features->frames(), features->frameMs(), features->durationMs(),
+                                 lengthMs, cancel);
+}
+
+std::vector<SpanProposal> CSpanSuggest::analyseSource(const QString& path, long long lengthMs,
+                                                      long long* durationMs,
+                                                      const std::atomic<bool>* cancel)
+{
+    if (durationMs)
+        *durationMs = 0;
+    // Mono at the analysis rate: the decoder's resampler does the mixing
+    // and the low-pass that a 44.1 kHz WAV would need here.
+    CSpanFeatures features(kSpanAnalysisRate, 1);
+    if (!features.isValid())
+        return {};
+    const int rc =
+        CConvertWraper::decodePcm(QFile::encodeName(path).constData(), kSpanAnalysisRate, 1,
+                                  [&features, cancel](const short* samples, int frames) {
+                                      features.addFrames(samples, std::size_t(frames));
+                                      return !(cancel && *cancel);
+                                  });
+    if (rc < 0 || (cancel && *cancel))
+        return {};
+    features.finish();
+    if (durationMs)
+        *durationMs = features.durationMs();
+    return CSpanFinder().propose(features.frames(), features.frameMs(), features.durationMs(),
                                  lengthMs, cancel);
 }
 

@@ -47,6 +47,13 @@ public:
     static std::vector<SpanProposal> analyse(const QString& path, const tagWaveInfo& wave,
                                              long long lengthMs,
                                              const std::atomic<bool>* cancel = nullptr);
+    // The proposals for the media file at `path`, decoded once straight
+    // into the analysis at its own low rate (no WAV); `durationMs`, when
+    // given, gets the length of the sound heard. Empty when the file cannot
+    // be decoded or `cancel` was set. Any thread.
+    static std::vector<SpanProposal> analyseSource(const QString& path, long long lengthMs,
+                                                   long long* durationMs = nullptr,
+                                                   const std::atomic<bool>* cancel = nullptr);
     // The first half of analyse(): the WAV's features, or nullptr when it
     // cannot be read or `cancel` was set.
     static std::unique_ptr<CSpanFeatures> readFeatures(const QString& path, const tagWaveInfo& wave,

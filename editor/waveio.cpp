@@ -90,7 +90,7 @@ SourceProblem CWaveIo::checkSource(const QString& path, long long* audioMs)
     return SourceProblem::None;
 }
 
-int CWaveIo::convertToWave(const QString& src)
+int CWaveIo::convertToWave(const QString& src, long long startMs, long long endMs)
 {
     const QByteArray local = src.toLocal8Bit();
     if (!CTimeLineHelper::haveAudio(local.constData()))
@@ -99,10 +99,12 @@ int CWaveIo::convertToWave(const QString& src)
     wavePath = newTempWavePath();
     qDebug().noquote() << "convert to temp:" << wavePath;
 
-    if (!isCanonicalWave(local.constData())) {
+    const bool span = startMs != 0 || endMs != 0;
+    if (span || !isCanonicalWave(local.constData())) {
         const QByteArray dest = wavePath.toLocal8Bit();
         if (CConvertWraper::instance()->convertTo(local.constData(), dest.constData(), "wav",
-                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait) < 0)
+                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait,
+                                                  startMs, endMs) < 0)
             return -2;
         // A failure reported by the pane still answers 1: the engine then refuses the file.
         return waitPhase(1.0f, 0.0f, true) != 0 ? 1 : -2;

@@ -49,8 +49,10 @@ public:
     // sound's length (0 when unknown).
     static SourceProblem checkSource(const QString& path, long long* audioMs = nullptr);
     // The source as a new temporary WAV: 1, -2 conversion refused, -3 the
-    // copy's progress phase failed, -4 the source has no audio.
-    int convertToWave(const QString& src);
+    // copy's progress phase failed, -4 the source has no audio. With a span
+    // (startMs..endMs, not both 0) the WAV holds only that part of the
+    // source, decoded from a seek near its start; its frame 0 is startMs.
+    int convertToWave(const QString& src, long long startMs = 0, long long endMs = 0);
     // A file that begins with a RIFF/WAVE header.
     static bool isWaveFile(const char* path);
     // A WAV in exactly the form the engine plays and the converter writes:

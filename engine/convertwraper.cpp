@@ -71,6 +71,18 @@ CConvertWraper* CConvertWraper::instance()
     return &wraper;
 }
 
+int CConvertWraper::decodePcm(const char* src, int rate, int channels,
+                              const std::function<bool(const short*, int)>& sink)
+{
+    const auto proc = [](const int16_t* samples, int32_t frames, void* user) {
+        return (*static_cast<const std::function<bool(const short*, int)>*>(user))(samples, frames);
+    };
+    return KeloDecodePcm(src, 0, 0, rate, channels, proc,
+                         const_cast<std::function<bool(const short*, int)>*>(&sink)) < 0
+               ? -1
+               : 0;
+}
+
 int CConvertWraper::convertTo(const char* src, const char* dest, const char* format, int codec,
                               int bitRate, IProgress* progress)
 {

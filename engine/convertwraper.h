@@ -11,6 +11,8 @@
 
 #include <QByteArray>
 
+#include <functional>
+
 #include <vexa.h>
 
 // The title and artist a conversion writes into its file's tags (UTF-8;
@@ -34,6 +36,13 @@ public:
     // The whole file (span 0..0).
     int convertTo(const char* src, const char* dest, const char* format, int codec, int bitRate,
                   IProgress* progress);
+
+    // Decodes the sound of the whole of `src` as 16-bit PCM of `rate` Hz and
+    // `channels` (1 or 2), handing each block of frames to `sink` (false
+    // stops it) on this thread; nothing is written to disk. 0 when the sound
+    // came through to its end, negative otherwise. Any thread.
+    static int decodePcm(const char* src, int rate, int channels,
+                         const std::function<bool(const short* samples, int frames)>& sink);
 
     // The engine's progress callback: hands progress and status to the
     // IProgress given as user pointer; false when there is none.

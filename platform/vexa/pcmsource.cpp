@@ -7,24 +7,28 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <numeric>
 
 extern "C" {
 #include <libavutil/channel_layout.h>
 #include <libavutil/mathematics.h>
+#include <libavutil/samplefmt.h>
 }
 
 namespace vexa {
 
 namespace {
 
-constexpr AVRational kOutTimeBase{1, kOutRate};
 // Seeking lands this far before the span so that decoders with overlapping
 // frames (AAC, MP3) are settled when the first kept sample comes out.
 constexpr int64_t kSeekLeadMs = 500;
 
 } // namespace
 
-PcmSource::PcmSource() = default;
+PcmSource::PcmSource(int rate, int channels)
+    : m_rate(rate), m_channels(channels), m_outTimeBase{1, rate}
+{
+}
 
 PcmSource::~PcmSource()
 {
@@ -62,23 +66,23 @@ int PcmSource::open(const std::string& path, int64_t startMs, int64_t endMs)
         return KELO_E_CODEC;
 
     if (st->duration > 0)
-        m_durationFrames = av_rescale_q(st->duration, m_timeBase, kOutTimeBase);
+        m_durationFrames = av_rescale_q(st->duration, m_timeBase, m_outTimeBase);
     else if (m_fmt->duration > 0)
-        m_durationFrames = av_rescale_q(m_fmt->duration, AV_TIME_BASE_Q, kOutTimeBase);
+        m_durationFrames = av_rescale_q(m_fmt->duration, AV_TIME_BASE_Q, m_outTimeBase);
 
     // MPEG-4 files state their exact length (the edit list leaves out the
     // encoder's padding), but the decoder hands out whole AAC frames: cut
     // there. Other containers' durations may be estimates and are not used.
     int64_t exactEnd = std::numeric_limits<int64_t>::max();
     if (std::strncmp(m_fmt->iformat->name, "mov,", 4) == 0 && st->duration > 0)
-        exactEnd = av_rescale_q(st->duration, m_timeBase, kOutTimeBase);
+        exactEnd = av_rescale_q(st->duration, m_timeBase, m_outTimeBase);
 
     m_span = !(startMs == 0 && endMs == 0);
     if (m_span) {
         startMs = std::max<int64_t>(startMs, 0);
-        m_startFrame = av_rescale(startMs, kOutRate, 1000);
+        m_startFrame = av_rescale(startMs, m_rate, 1000);
         m_endFrame =
-            endMs > 0 ? av_rescale(endMs, kOutRate, 1000) : std::numeric_limits<int64_t>::max();
+            endMs > 0 ? av_rescale(endMs, m_rate, 1000) : std::numeric_limits<int64_t>::max();
         // Without timestamps a seek could not tell where it landed: read from the top.
         const bool timed = !(m_fmt->iformat->flags & AVFMT_NOTIMESTAMPS);
         if (timed && startMs > kSeekLeadMs) {
@@ -178,9 +182,10 @@ int PcmSource::setupResampler(const AVFrame* frame)
         av_channel_layout_default(&in, std::max(frame->ch_layout.nb_channels, 1));
     else if (av_channel_layout_copy(&in, &frame->ch_layout) < 0)
         return KELO_E_NOMEM;
-    AVChannelLayout out = AV_CHANNEL_LAYOUT_STEREO;
+    AVChannelLayout out{};
+    av_channel_layout_default(&out, m_channels);
     SwrContext* swr = nullptr;
-    int rc = swr_alloc_set_opts2(&swr, &out, AV_SAMPLE_FMT_S16, kOutRate, &in,
+    int rc = swr_alloc_set_opts2(&swr, &out, AV_SAMPLE_FMT_S16, m_rate, &in,
                                  static_cast<AVSampleFormat>(frame->format), frame->sample_rate, 0,
                                  nullptr);
     if (rc >= 0)
@@ -207,35 +212,72 @@ int PcmSource::convert(const AVFrame* frame)
             if (rc < 0)
                 return rc;
         }
-        if (!m_haveOrigin) {
-            // Everything after the first frame is counted, so one timestamp
-            // places the whole stream; without one the stream starts at 0.
-            const int64_t ts = frame->best_effort_timestamp;
-            m_pos = ts == AV_NOPTS_VALUE
-                        ? 0
-                        : av_rescale_q(ts - m_streamStart, m_timeBase, kOutTimeBase);
-            m_haveOrigin = true;
-        }
+        if (!m_haveOrigin)
+            placeOrigin(frame);
     }
     if (!m_swr)
         return KELO_OK;
 
-    const int in = frame ? frame->nb_samples : 0;
+    int in = frame ? frame->nb_samples : 0;
+    const uint8_t* const* data = frame ? frame->extended_data : nullptr;
+    std::vector<const uint8_t*> skipped;
+    if (frame && m_dropInput > 0) {
+        // The samples before the resampler's first shared grid point go unheard.
+        const int skip = static_cast<int>(std::min<int64_t>(m_dropInput, in));
+        m_dropInput -= skip;
+        in -= skip;
+        if (in == 0)
+            return KELO_OK;
+        const auto fmt = static_cast<AVSampleFormat>(frame->format);
+        const int bytes = av_get_bytes_per_sample(fmt);
+        const int channels = frame->ch_layout.nb_channels;
+        if (av_sample_fmt_is_planar(fmt)) {
+            for (int c = 0; c < channels; ++c)
+                skipped.push_back(frame->extended_data[c] + size_t(skip) * bytes);
+        } else {
+            skipped.push_back(frame->extended_data[0] + size_t(skip) * bytes * channels);
+        }
+        data = skipped.data();
+    }
     const int capacity = swr_get_out_samples(m_swr.get(), in);
     if (capacity <= 0)
         return KELO_OK;
-    const size_t need = static_cast<size_t>(m_outFrames + capacity) * kOutChannels;
+    const size_t need = static_cast<size_t>(m_outFrames + capacity) * m_channels;
     if (m_out.size() < need)
         m_out.resize(need);
-    auto* dst = reinterpret_cast<uint8_t*>(m_out.data() + size_t(m_outFrames) * kOutChannels);
-    const int n =
-        swr_convert(m_swr.get(), &dst, capacity,
-                    frame ? const_cast<const uint8_t**>(frame->extended_data) : nullptr, in);
+    auto* dst = reinterpret_cast<uint8_t*>(m_out.data() + size_t(m_outFrames) * m_channels);
+    const int n = swr_convert(m_swr.get(), &dst, capacity, const_cast<const uint8_t**>(data), in);
     if (n < 0)
         return KELO_E_DECODE;
     keepSpan(m_pos, n);
     m_pos += n;
     return KELO_OK;
+}
+
+void PcmSource::placeOrigin(const AVFrame* frame)
+{
+    // Everything after the first frame is counted, so one timestamp places
+    // the whole stream; without one the stream starts at 0.
+    m_haveOrigin = true;
+    const int64_t ts = frame->best_effort_timestamp;
+    if (ts == AV_NOPTS_VALUE) {
+        m_pos = 0;
+        return;
+    }
+    const int inRate = frame->sample_rate;
+    if (!m_span || inRate == m_rate || inRate <= 0) {
+        m_pos = av_rescale_q(ts - m_streamStart, m_timeBase, m_outTimeBase);
+        return;
+    }
+    // A seek lands anywhere, but the resampler's grid of input and output
+    // samples meets itself again only every `period` input samples: it
+    // starts at the next such point, where the whole stream's resampler
+    // stood too, so that once settled it gives the very same samples.
+    const int64_t first = av_rescale_q(ts - m_streamStart, m_timeBase, AVRational{1, inRate});
+    const int64_t period = inRate / std::gcd(inRate, m_rate);
+    const int64_t into = ((first % period) + period) % period;
+    m_dropInput = (period - into) % period;
+    m_pos = av_rescale(first + m_dropInput, m_rate, inRate);
 }
 
 void PcmSource::keepSpan(int64_t firstPos, int frames)
@@ -246,9 +288,9 @@ void PcmSource::keepSpan(int64_t firstPos, int frames)
         return;
     const int64_t skip = from - firstPos;
     const int64_t count = to - from;
-    int16_t* at = m_out.data() + size_t(m_outFrames) * kOutChannels;
+    int16_t* at = m_out.data() + size_t(m_outFrames) * m_channels;
     if (skip > 0)
-        std::memmove(at, at + skip * kOutChannels, size_t(count) * kOutChannels * sizeof(int16_t));
+        std::memmove(at, at + skip * m_channels, size_t(count) * m_channels * sizeof(int16_t));
     m_outFrames += static_cast<int>(count);
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 // PcmSource: reads one media file's best audio stream and hands it out as
-// interleaved signed 16-bit stereo at 44 100 Hz, cut to a span in
-// milliseconds (0..0 is the whole file). Owns every FFmpeg object it opens;
-// used by one render job on that job's thread.
+// interleaved signed 16-bit samples (stereo at 44 100 Hz for a render, or
+// the rate and channels a reader asks for), cut to a span in milliseconds
+// (0..0 is the whole file). Owns every FFmpeg object it opens; used by one
+// job on that job's thread.
 
 #include "avhandles.h"
 
@@ -21,7 +22,8 @@ constexpr int kOutChannels = 2;
 class PcmSource
 {
 public:
-    PcmSource();
+    // `rate` Hz (at least 1000) and `channels` (1 or 2).
+    explicit PcmSource(int rate = kOutRate, int channels = kOutChannels);
     ~PcmSource();
     PcmSource(const PcmSource&) = delete;
     PcmSource& operator=(const PcmSource&) = delete;
@@ -42,15 +44,24 @@ public:
     double progress() const;
 
     int64_t framesDelivered() const { return m_delivered; }
+    int rate() const { return m_rate; }
+    int channels() const { return m_channels; }
 
 private:
     int pump();
     int receiveFrames();
     int convert(const AVFrame* frame);
     int setupResampler(const AVFrame* frame);
+    // Where the first decoded frame lies in output frames (m_pos), and
+    // which of its input samples a span's resampler skips to stay on the
+    // whole stream's grid.
+    void placeOrigin(const AVFrame* frame);
     void keepSpan(int64_t firstPos, int frames);
     int64_t expectedFrames() const;
 
+    int m_rate;
+    int m_channels;
+    AVRational m_outTimeBase;
     InputPtr m_fmt;
     CodecPtr m_dec;
     SwrPtr m_swr;
@@ -66,6 +77,7 @@ private:
     bool m_haveOrigin = false;
     int64_t m_pos = 0; // output frame index of the next converted frame
     int64_t m_delivered = 0;
+    int64_t m_dropInput = 0; // input samples still to skip before resampling
 
     // The resampler's current input, to notice a change mid-stream.
     int m_inRate = 0;

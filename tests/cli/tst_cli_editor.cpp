@@ -1,6 +1,8 @@
 // The command line and the editor make the same ringtone: for the same
-// input, span, fades and volume, tonewright-cli's file and the editor's
-// export decode to the same samples, byte for byte. The editor side is the
+// input, span, fades and volume, tonewright-cli's file (decoded from a seek
+// near the span) and the editor's export (from the whole song's WAV) decode
+// to the same samples, byte for byte, but for AAC sources, whose decoder's
+// substituted noise depends on where decoding began. The editor side is the
 // real widget with its progress pane, exporting as "Start to Create" does.
 
 #include "cli/exitcodes.h"
@@ -14,7 +16,37 @@
 
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <memory>
+
+namespace {
+
+// How far under the sound the difference of an AAC source's two ringtones
+// must lie: less than the encoder's own error, which on the fixture's tone
+// at 128 kbit/s lies about 36 dB under it (the pair measured 45 dB).
+constexpr double kToleranceDb = 40.0;
+
+// The power of the difference of two 16-bit PCM streams under the power of
+// the first, in dB.
+double differenceBelowSignalDb(const QByteArray& a, const QByteArray& b)
+{
+    const auto* x = reinterpret_cast<const qint16*>(a.constData());
+    const auto* y = reinterpret_cast<const qint16*>(b.constData());
+    const qsizetype n = std::min(a.size(), b.size()) / 2;
+    double signal = 0.0;
+    double difference = 0.0;
+    for (qsizetype i = 0; i < n; ++i) {
+        signal += double(x[i]) * x[i];
+        difference += double(x[i] - y[i]) * (x[i] - y[i]);
+    }
+    if (difference == 0.0)
+        return std::numeric_limits<double>::infinity();
+    return 10.0 * std::log10(signal / difference);
+}
+
+} // namespace
 
 class TestCliEditor : public QObject
 {
@@ -24,6 +56,8 @@ private:
     QTemporaryDir m_dir;
     std::unique_ptr<QWidget> m_host;
     CWaveWnd* m_wnd = nullptr;
+    QString m_mp3At48;
+    QString m_oggAt48;
 
 private slots:
     void initTestCase()
@@ -36,6 +70,16 @@ private slots:
         m_wnd->resize(897, 300);
         m_host->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
+        // 48 kHz sources: the resampler to 44.1 kHz must land on the same
+        // samples after a seek as from the start.
+        m_mp3At48 = m_dir.filePath("tone 48k.mp3");
+        m_oggAt48 = m_dir.filePath("noise 48k.ogg");
+        const QStringList tone{
+            "-f", "lavfi", "-i", "sine=frequency=523:sample_rate=48000:duration=50", "-ac", "2"};
+        QVERIFY(tw::ffmpeg(tone + QStringList{"-c:a", "libmp3lame", "-b:a", "160k", m_mp3At48}));
+        QVERIFY(tw::ffmpeg({"-f", "lavfi", "-i",
+                            "anoisesrc=color=pink:duration=50:amplitude=0.3:sample_rate=48000",
+                            "-ac", "2", "-c:a", "libvorbis", m_oggAt48}));
     }
 
     void cleanupTestCase()
@@ -52,18 +96,27 @@ private slots:
         QTest::addColumn<int>("fadeIn");
         QTest::addColumn<int>("fadeOut");
         QTest::addColumn<int>("volume");
+        // An AAC source's decoder draws the noise it substitutes for some
+        // bands from a generator that runs from the file's start, so after
+        // the command line's seek those bands differ by a unit or so; every
+        // other decoder and the resampler give the very same samples.
+        QTest::addColumn<bool>("exact");
         QTest::newRow("mp3, fades, louder")
-            << tw::mp3Fixture(60) << qint64(10000) << qint64(40000) << 2 << 3 << 150;
+            << tw::mp3Fixture(60) << qint64(10000) << qint64(40000) << 2 << 3 << 150 << true;
         QTest::newRow("mp3, as it is")
-            << tw::mp3Fixture(60) << qint64(0) << qint64(30000) << 0 << 0 << 100;
+            << tw::mp3Fixture(60) << qint64(0) << qint64(30000) << 0 << 0 << 100 << true;
         QTest::newRow("video, both fades, quieter")
-            << tw::mp4AvFixture(45) << qint64(5500) << qint64(25750) << 1 << 4 << 80;
+            << tw::mp4AvFixture(45) << qint64(5500) << qint64(25750) << 1 << 4 << 80 << false;
         QTest::newRow("flac, fade-in only")
-            << tw::flacFixture(20) << qint64(2000) << qint64(14000) << 5 << 0 << 100;
+            << tw::flacFixture(20) << qint64(2000) << qint64(14000) << 5 << 0 << 100 << true;
         QTest::newRow("video, fade-out only")
-            << tw::mp4AvFixture(45) << qint64(12000) << qint64(30000) << 0 << 6 << 100;
+            << tw::mp4AvFixture(45) << qint64(12000) << qint64(30000) << 0 << 6 << 100 << false;
         QTest::newRow("mp3, silenced")
-            << tw::mp3Fixture(60) << qint64(20000) << qint64(26000) << 2 << 2 << 0;
+            << tw::mp3Fixture(60) << qint64(20000) << qint64(26000) << 2 << 2 << 0 << true;
+        QTest::newRow("mp3 at 48 kHz, off the second")
+            << m_mp3At48 << qint64(12345) << qint64(41900) << 3 << 2 << 120 << true;
+        QTest::newRow("ogg at 48 kHz, fades")
+            << m_oggAt48 << qint64(7700) << qint64(29000) << 2 << 3 << 100 << true;
     }
 
     void shouldWriteTheSameAudioAsTheEditor()
@@ -74,6 +127,7 @@ private slots:
         QFETCH(int, fadeIn);
         QFETCH(int, fadeOut);
         QFETCH(int, volume);
+        QFETCH(bool, exact);
         QVERIFY(!input.isEmpty());
         const QString tag = QString::fromLatin1(QTest::currentDataTag()).replace(' ', '_');
 
@@ -109,7 +163,13 @@ private slots:
         QVERIFY2(std::abs(editorPcm.size() - expectedBytes) < 4096 * 4,
                  qPrintable(QString::number(editorPcm.size())));
         QCOMPARE(cliPcm.size(), editorPcm.size());
-        QVERIFY2(cliPcm == editorPcm, "the decoded samples differ");
+        if (exact) {
+            QVERIFY2(cliPcm == editorPcm, "the decoded samples differ");
+        } else {
+            const double below = differenceBelowSignalDb(editorPcm, cliPcm);
+            qInfo("the difference lies %.1f dB under the sound", below);
+            QVERIFY2(below >= kToleranceDb, qPrintable(QString::number(below)));
+        }
         // Not a silent pair of files that would match anyway (but for the
         // row whose volume is 0).
         if (volume > 0)

@@ -151,6 +151,18 @@ int KeloGetMediaInfo(int timeline, int media, void** ppInfo);
 // last call carries 10000 or the failure (status < 0).
 int KeloRun(int timeline, const int* media, int count, const tagKeloRunParam* param);
 
+// Hears decoded sound: `frames` interleaved 16-bit frames, valid during the
+// call only. False stops the decoding.
+typedef bool (*KeloPcmProc)(const int16_t* samples, int32_t frames, void* user);
+
+// Decodes the sound of the file at `path` (local 8-bit encoding), the span
+// startMs..endMs (0..0 the whole file), as 16-bit PCM of `sampleRate` Hz
+// (1000..192000) and `channels` (1 or 2), handing it to `proc` a block at a
+// time on the caller's thread; nothing is written anywhere. KELO_OK,
+// KELO_E_CANCELLED when `proc` stopped it, or a negative code (as KeloRun's).
+int KeloDecodePcm(const char* path, int64_t startMs, int64_t endMs, int32_t sampleRate,
+                  int32_t channels, KeloPcmProc proc, void* user);
+
 // --- video player -----------------------------------------------------------
 // A player shows the pictures of a video item (sound plays elsewhere) on the
 // surface set with VexaSetEnvironment: a thread of its own decodes, scales
