@@ -13,10 +13,8 @@
 
 #include <QDebug>
 #include <QFile>
-#include <QtEndian>
 
 #include <cmath>
-#include <vector>
 
 #include <vexa.h>
 
@@ -125,6 +123,8 @@ int CRingtoneExport::exportTo(const QString& path)
     // The selection with its fades, read while the engine still knows the
     // file's layout; the render only reads the temporary WAV.
     CSpanRender span;
+    // The written file is what gets measured, when anything is.
+    span.setMeasureResult(false);
     const bool haveSpan = span.read(m_playback.exportLayout(), m_io.getWavePath(),
                                     m_model.beginTime(), m_model.endTime());
     const LoudnessSettings settings = m_playback.loudnessSettings();
@@ -228,28 +228,21 @@ int CRingtoneExport::encode(const CSpanRender& span, const SpanLevels& levels, c
 
 CRingtoneExport::WrittenLevels CRingtoneExport::measure(const QString& path)
 {
+    // The file decoded again straight into the meter, as a phone plays it.
     WrittenLevels levels;
-    const QString decoded = CWaveIo::newTempWavePath();
-    const QByteArray src = path.toLocal8Bit();
-    const QByteArray dest = decoded.toLocal8Bit();
-    if (CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
-                                              KELO_CODEC_PCM_S16LE, kEditorBitRate,
-                                              &m_io.progressWait()) >= 0 &&
-        m_io.waitPhase(0.0f, 0.5f, true) >= 0) {
-        // The engine's WAVs: the plain 44-byte header, 16-bit stereo.
-        QFile file(decoded);
-        if (file.open(QIODevice::ReadOnly) && file.seek(44)) {
-            CLoudnessMeter meter(2, KELO_OUTPUT_SAMPLE_RATE);
-            const QByteArray data = file.readAll();
-            std::vector<short> samples(static_cast<std::size_t>(data.size()) / 2);
-            for (std::size_t i = 0; i < samples.size(); ++i)
-                samples[i] = qFromLittleEndian<qint16>(data.constData() + 2 * i);
-            meter.add(samples.data(), samples.size() / 2);
-            levels.lufs = meter.integrated();
-            levels.truePeak = meter.truePeak();
-            levels.measured = !samples.empty();
-        }
+    CLoudnessMeter meter(2, KELO_OUTPUT_SAMPLE_RATE);
+    std::size_t frames = 0;
+    const int rc =
+        CConvertWraper::decodePcm(QFile::encodeName(path).constData(), KELO_OUTPUT_SAMPLE_RATE, 2,
+                                  [&meter, &frames](const short* samples, int count) {
+                                      meter.add(samples, std::size_t(count));
+                                      frames += std::size_t(count);
+                                      return true;
+                                  });
+    if (rc >= 0 && frames > 0) {
+        levels.lufs = meter.integrated();
+        levels.truePeak = meter.truePeak();
+        levels.measured = true;
     }
-    QFile::remove(decoded);
     return levels;
 }

@@ -228,7 +228,7 @@ SpanLevels CSpanRender::finish(float gain, bool limit, double ceilingDbtp,
         if (!limiter.envelope(gain, limiterCeiling(ceilingDbtp), &result.envelope))
             result.envelope.clear();
     }
-    if (!cancelled(cancel))
+    if (m_measureResult && !cancelled(cancel))
         result.lufs = loudnessOf(result.gain, result.envelope, &result.truePeak);
     return result;
 }

@@ -88,6 +88,11 @@ public:
     int channels() const { return m_channels; }
     int sampleRate() const { return m_rate; }
 
+    // Whether levels() and levelsAt() measure the result (its lufs and
+    // truePeak), on by default; an export that measures its written file
+    // instead turns it off and saves an oversampling pass.
+    void setMeasureResult(bool on) { m_measureResult = on; }
+
     // The gain, the limiter's factors and the result's loudness for these
     // settings. With a target the gain is searched until the limited result
     // lands on it (a target beyond the ceiling's reach is met by limiting);
@@ -117,4 +122,5 @@ private:
     long long m_firstFrame = 0;
     int m_channels = 0;
     int m_rate = 0;
+    bool m_measureResult = true;
 };
