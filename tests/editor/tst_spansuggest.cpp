@@ -10,11 +10,14 @@
 #include "sectionsong.h"
 #include "testenv.h"
 
+#include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <atomic>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
@@ -176,6 +179,44 @@ private slots:
         QVERIFY(suggest.proposals().empty());
         SpanProposal p;
         QVERIFY(!suggest.next(&p));
+    }
+
+    void shouldFindTheBestPartDecodingASourceStraightIntoTheAnalysis()
+    {
+        // The song as an MP3, decoded at the analysis rate with no WAV: the
+        // same chorus as the WAV's analysis, within a feature frame or two
+        // (the decoder's resampler low-passes where the WAV's reading
+        // averages), and the song's length.
+        OpenWave wave;
+        QVERIFY(wave.open(m_song));
+        const std::vector<SpanProposal> fromWave =
+            CSpanSuggest::analyse(m_song, wave.layout, kSuggestionLengthMs);
+        QVERIFY(!fromWave.empty());
+        const QString mp3 = m_dir.filePath("sections.mp3");
+        QVERIFY(tw::ffmpeg({"-i", m_song, "-c:a", "libmp3lame", "-b:a", "192k", mp3}));
+        const QStringList before = QDir(m_dir.path()).entryList(QDir::Files);
+        long long durationMs = 0;
+        const std::vector<SpanProposal> fromSource =
+            CSpanSuggest::analyseSource(mp3, kSuggestionLengthMs, &durationMs);
+        QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), before);
+        QCOMPARE(int(fromSource.size()), kSuggestionCount);
+        QVERIFY2(std::abs(durationMs - 180000) < 100, qPrintable(QString::number(durationMs)));
+        const long long apart = std::abs(fromSource.front().beginMs - fromWave.front().beginMs);
+        QVERIFY2(apart <= 1000, qPrintable(QString("%1 ms against %2 ms")
+                                               .arg(fromSource.front().beginMs)
+                                               .arg(fromWave.front().beginMs)));
+        QCOMPARE(fromSource.front().endMs - fromSource.front().beginMs, kSuggestionLengthMs);
+    }
+
+    void shouldFindNothingInASourceThatCannotBeDecoded()
+    {
+        long long durationMs = -1;
+        QVERIFY(CSpanSuggest::analyseSource(m_dir.filePath("gone.mp3"), kSuggestionLengthMs,
+                                            &durationMs)
+                    .empty());
+        QCOMPARE(durationMs, 0LL);
+        std::atomic<bool> cancel{true};
+        QVERIFY(CSpanSuggest::analyseSource(m_song, kSuggestionLengthMs, nullptr, &cancel).empty());
     }
 
     void shouldFindNothingInAFileThatCannotBeRead()

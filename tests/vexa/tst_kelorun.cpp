@@ -10,7 +10,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <deque>
 
 #include <vexa.h>
@@ -295,6 +297,105 @@ private slots:
         for (int i = 0; i < cut.size() / 2; ++i)
             worst = qMax(worst, qAbs(int(a[i]) - int(b[i])));
         QVERIFY2(worst <= 2, qPrintable(QString::number(worst))); // AAC may round differently
+    }
+
+    void shouldCutSpansOfOtherRatesOnTheWholeFilesGrid_data()
+    {
+        QTest::addColumn<QString>("codec");
+        QTest::addColumn<int>("rate");
+        QTest::newRow("mp3 at 48 kHz") << "libmp3lame" << 48000;
+        QTest::newRow("ogg vorbis at 48 kHz") << "libvorbis" << 48000;
+        QTest::newRow("mp3 at 22.05 kHz") << "libmp3lame" << 22050;
+    }
+
+    void shouldCutSpansOfOtherRatesOnTheWholeFilesGrid()
+    {
+        // A seek lands anywhere; the span's resampler starts where the whole
+        // file's grid of input and output samples meets itself, so even
+        // resampled the span holds the very samples of the whole decode.
+        QFETCH(QString, codec);
+        QFETCH(int, rate);
+        const QString name = QString("noise %1 %2").arg(rate).arg(codec);
+        const QString source = make(
+            name + (codec == "libvorbis" ? ".ogg" : ".mp3"),
+            {"-f", "lavfi", "-i",
+             QString("anoisesrc=color=pink:duration=20:amplitude=0.3:sample_rate=%1").arg(rate),
+             "-ac", "2", "-c:a", codec});
+        QVERIFY(!source.isEmpty());
+        tw::RenderWatch whole, span;
+        QVERIFY(render({source, out(name + " whole.wav")}, &whole));
+        QVERIFY(render(
+            {source, out(name + " span.wav"), "wav", KELO_CODEC_PCM_S16LE, 128000, 7321, 15000},
+            &span));
+        const QByteArray all = tw::wavData(out(name + " whole.wav"));
+        const QByteArray cut = tw::wavData(out(name + " span.wav"));
+        QCOMPARE(qint64(cut.size() / 4), frameAt(15000) - frameAt(7321));
+        QVERIFY(cut.count('\0') < cut.size() / 2);
+        QVERIFY(cut == all.mid(int(frameAt(7321) * 4), cut.size()));
+    }
+
+    void shouldHandDecodedSoundToTheCallerAtTheRateAskedFor()
+    {
+        // The 60-second sine, at a quarter of its rate in mono: no file is
+        // written, the length holds and the level is the sine's.
+        struct Heard
+        {
+            qint64 frames = 0;
+            int peak = 0;
+            int calls = 0;
+        } heard;
+        const auto proc = [](const int16_t* samples, int32_t frames, void* user) {
+            auto* h = static_cast<Heard*>(user);
+            h->frames += frames;
+            ++h->calls;
+            for (int i = 0; i < frames; ++i)
+                h->peak = std::max(h->peak, std::abs(int(samples[i])));
+            return true;
+        };
+        const QStringList before = QDir(m_dir.path()).entryList(QDir::Files);
+        const QByteArray path = QFile::encodeName(m_long);
+        QCOMPARE(KeloDecodePcm(path.constData(), 0, 0, 11025, 1, proc, &heard), int(KELO_OK));
+        QVERIFY2(std::abs(heard.frames - 60 * 11025) <= 64,
+                 qPrintable(QString::number(heard.frames)));
+        QVERIFY(heard.calls > 1);
+        // Left 12000 at 440 Hz and right 12000 at 660 Hz, mixed down to one.
+        QVERIFY2(heard.peak > 9000 && heard.peak <= 12100, qPrintable(QString::number(heard.peak)));
+        QCOMPARE(QDir(m_dir.path()).entryList(QDir::Files), before);
+
+        // A span, stereo at the render rate.
+        Heard span;
+        QCOMPARE(KeloDecodePcm(path.constData(), 10000, 12500, kRate, 2, proc, &span),
+                 int(KELO_OK));
+        QCOMPARE(span.frames, frameAt(12500) - frameAt(10000));
+    }
+
+    void shouldStopDecodingWhenTheCallerSaysSo()
+    {
+        int calls = 0;
+        const auto stop = [](const int16_t*, int32_t, void* user) {
+            return ++*static_cast<int*>(user) < 2;
+        };
+        const QByteArray path = QFile::encodeName(m_long);
+        QCOMPARE(KeloDecodePcm(path.constData(), 0, 0, kRate, 2, stop, &calls),
+                 int(KELO_E_CANCELLED));
+        QCOMPARE(calls, 2);
+    }
+
+    void shouldRefuseADecodeItCannotDo()
+    {
+        const auto none = [](const int16_t*, int32_t, void*) { return true; };
+        const QByteArray path = QFile::encodeName(m_long);
+        QCOMPARE(KeloDecodePcm(nullptr, 0, 0, kRate, 2, none, nullptr), int(KELO_E_ARGUMENT));
+        QCOMPARE(KeloDecodePcm(path.constData(), 0, 0, kRate, 2, nullptr, nullptr),
+                 int(KELO_E_ARGUMENT));
+        QCOMPARE(KeloDecodePcm(path.constData(), 0, 0, 999, 2, none, nullptr),
+                 int(KELO_E_ARGUMENT));
+        QCOMPARE(KeloDecodePcm(path.constData(), 0, 0, kRate, 3, none, nullptr),
+                 int(KELO_E_ARGUMENT));
+        const QByteArray text = QFile::encodeName(tw::textFixture());
+        QCOMPARE(KeloDecodePcm(text.constData(), 0, 0, kRate, 2, none, nullptr), int(KELO_E_OPEN));
+        const QByteArray missing = QFile::encodeName(m_dir.path() + "/missing.mp3");
+        QVERIFY(KeloDecodePcm(missing.constData(), 0, 0, kRate, 2, none, nullptr) < 0);
     }
 
     void shouldEndSixtySecondFileSpanAtItsEnd()
