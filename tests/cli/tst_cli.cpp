@@ -443,6 +443,30 @@ private slots:
                       "could not be decoded", out("damaged.m4r"));
     }
 
+    void shouldGoByTheRealEndOfASongCutShort()
+    {
+        // The first half of the 60-second MP3: its header still says 60 s,
+        // so the span is decoded where the header puts it and the sound
+        // itself tells where it ends.
+        QFile song(m_song);
+        QVERIFY(song.open(QIODevice::ReadOnly));
+        const QString cut = out("cut short.mp3");
+        QFile file(cut);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(file.write(song.read(song.size() / 2)) > 0);
+        file.close();
+
+        const QString ring = out("cut-short.m4r");
+        expectFailure(cut, {cut, "-o", ring, "--start", "0:40"}, kExitStartAfterEnd,
+                      "at or after the input's end (0:", ring);
+        const twcli::Run r =
+            twcli::run({cut, "-o", ring, "--start", "0:20", "--length", "30", "-q"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        const double seconds = twcli::probeDuration(ring);
+        QVERIFY2(seconds > 9.0 && seconds < 10.5, qPrintable(QString::number(seconds)));
+        QCOMPARE(twcli::leftoverWaves(), QStringList());
+    }
+
     void shouldRefuseBadSpans()
     {
         const QString ring = out("span-refused.m4r");

@@ -2,7 +2,8 @@
 // temporary WAV and delivers what the analysis finds on the spot; the
 // proposals cycle best, second, third, best; a newer song's start drops an
 // older one's result; clearing leaves nothing to take; a sound too short for
-// a ringtone gets none.
+// a ringtone gets none; a source decoded straight into the analysis (no
+// WAV) gives the WAV's best part and its length.
 
 #include "editor/spansuggest.h"
 #include "editor/wavemodel.h"

@@ -1,6 +1,7 @@
 // Render jobs that succeed: any source to the canonical WAV, spans cut to
-// the sample, AAC ringtones with the right brand, length and timing, and the
-// progress calls that come with them.
+// the sample (resampled ones too), AAC ringtones with the right brand,
+// length and timing, and the progress calls that come with them; and
+// decoded sound handed to a caller at the rate it asks for.
 
 #include "mediafixtures.h"
 #include "renderwatch.h"
