@@ -163,26 +163,3 @@ int CWaveIo::reopen()
         return -3;
     return m_playback.open(wavePath);
 }
-
-int CWaveIo::reload()
-{
-    wavePath = newTempWavePath();
-    qDebug().noquote() << "reload:" << wavePath;
-
-    const QByteArray src = node.strPath.toLocal8Bit();
-    const QByteArray dest = wavePath.toLocal8Bit();
-    int rc = 1;
-    if (!isCanonicalWave(src.constData())) {
-        if (CConvertWraper::instance()->convertTo(src.constData(), dest.constData(), "wav",
-                                                  KELO_CODEC_PCM_S16LE, kEditorBitRate, m_wait) < 0)
-            return -2;
-        rc = waitPhase(0.5f, 0.5f, true);
-    } else {
-        copyInto(node.strPath, wavePath);
-        rc = waitPhase(0.5f, 0.5f, false);
-    }
-    if (rc < 0)
-        return -3;
-    // Selection, zoom and scroll stay as they are, so the user can export again at once.
-    return m_playback.open(wavePath);
-}

@@ -61,9 +61,6 @@ public:
     // (recorders add LIST, fact or bext chunks, other rates, depths and
     // channel counts) goes through the converter like any other file.
     static bool isCanonicalWave(const char* path);
-    // Rebuilds the temporary WAV of the song under a new name and opens it;
-    // the selection, zoom and scroll stay. WaveHelperInit's result, -2, -3.
-    int reload();
     // Opens the temporary WAV again as it stands (an export leaves it as it
     // was decoded): no conversion. The selection, zoom and scroll stay.
     // WaveHelperInit's result, or -3.

@@ -116,7 +116,6 @@ public:
     int openFile(const CRingToneNode& song);
     int convertToWave(QString src);
     bool isWaveFile(const char* path);
-    int reload();
 
 signals:
     void openWave(QString path);

@@ -32,11 +32,6 @@ bool CWaveWnd::isWaveFile(const char* path)
     return CWaveIo::isWaveFile(path);
 }
 
-int CWaveWnd::reload()
-{
-    return m_io->reload();
-}
-
 int CWaveWnd::convertToM4r(QString m4rPath)
 {
     // The export leaves the temporary WAV as it was: proposals still being

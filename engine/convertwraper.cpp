@@ -72,15 +72,12 @@ CConvertWraper* CConvertWraper::instance()
 }
 
 int CConvertWraper::decodePcm(const char* src, int rate, int channels,
-                              const std::function<bool(const short*, int)>& sink)
+                              std::function<bool(const short*, int)> sink)
 {
     const auto proc = [](const int16_t* samples, int32_t frames, void* user) {
-        return (*static_cast<const std::function<bool(const short*, int)>*>(user))(samples, frames);
+        return (*static_cast<std::function<bool(const short*, int)>*>(user))(samples, frames);
     };
-    return KeloDecodePcm(src, 0, 0, rate, channels, proc,
-                         const_cast<std::function<bool(const short*, int)>*>(&sink)) < 0
-               ? -1
-               : 0;
+    return KeloDecodePcm(src, 0, 0, rate, channels, proc, &sink) < 0 ? -1 : 0;
 }
 
 int CConvertWraper::convertTo(const char* src, const char* dest, const char* format, int codec,

@@ -42,7 +42,7 @@ public:
     // stops it) on this thread; nothing is written to disk. 0 when the sound
     // came through to its end, negative otherwise. Any thread.
     static int decodePcm(const char* src, int rate, int channels,
-                         const std::function<bool(const short* samples, int frames)>& sink);
+                         std::function<bool(const short* samples, int frames)> sink);
 
     // The engine's progress callback: hands progress and status to the
     // IProgress given as user pointer; false when there is none.

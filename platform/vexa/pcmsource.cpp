@@ -25,10 +25,7 @@ constexpr int64_t kSeekLeadMs = 500;
 
 } // namespace
 
-PcmSource::PcmSource(int rate, int channels)
-    : m_rate(rate), m_channels(channels), m_outTimeBase{1, rate}
-{
-}
+PcmSource::PcmSource(int rate, int channels) : m_rate(rate), m_channels(channels) {}
 
 PcmSource::~PcmSource()
 {
@@ -66,16 +63,16 @@ int PcmSource::open(const std::string& path, int64_t startMs, int64_t endMs)
         return KELO_E_CODEC;
 
     if (st->duration > 0)
-        m_durationFrames = av_rescale_q(st->duration, m_timeBase, m_outTimeBase);
+        m_durationFrames = av_rescale_q(st->duration, m_timeBase, AVRational{1, m_rate});
     else if (m_fmt->duration > 0)
-        m_durationFrames = av_rescale_q(m_fmt->duration, AV_TIME_BASE_Q, m_outTimeBase);
+        m_durationFrames = av_rescale_q(m_fmt->duration, AV_TIME_BASE_Q, AVRational{1, m_rate});
 
     // MPEG-4 files state their exact length (the edit list leaves out the
     // encoder's padding), but the decoder hands out whole AAC frames: cut
     // there. Other containers' durations may be estimates and are not used.
     int64_t exactEnd = std::numeric_limits<int64_t>::max();
     if (std::strncmp(m_fmt->iformat->name, "mov,", 4) == 0 && st->duration > 0)
-        exactEnd = av_rescale_q(st->duration, m_timeBase, m_outTimeBase);
+        exactEnd = av_rescale_q(st->duration, m_timeBase, AVRational{1, m_rate});
 
     m_span = !(startMs == 0 && endMs == 0);
     if (m_span) {
@@ -266,7 +263,7 @@ void PcmSource::placeOrigin(const AVFrame* frame)
     }
     const int inRate = frame->sample_rate;
     if (!m_span || inRate == m_rate || inRate <= 0) {
-        m_pos = av_rescale_q(ts - m_streamStart, m_timeBase, m_outTimeBase);
+        m_pos = av_rescale_q(ts - m_streamStart, m_timeBase, AVRational{1, m_rate});
         return;
     }
     // A seek lands anywhere, but the resampler's grid of input and output

@@ -61,7 +61,6 @@ private:
 
     int m_rate;
     int m_channels;
-    AVRational m_outTimeBase;
     InputPtr m_fmt;
     CodecPtr m_dec;
     SwrPtr m_swr;

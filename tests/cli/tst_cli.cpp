@@ -540,7 +540,12 @@ private slots:
         QVERIFY2(plain.code == kExitOk, qPrintable(twcli::describe(plain)));
         QVERIFY2(!plain.err.contains(" @ 0x"), qPrintable(twcli::describe(plain)));
 
-        // Only the span is decoded: this one runs into the broken half.
+        // Only the span is decoded: a span in the whole half never meets
+        // the broken one, a span that runs into it does.
+        const twcli::Run clean =
+            twcli::run({broken, "-o", out("broken-clean.m4r"), "--length", "6", "--verbose"});
+        QVERIFY2(clean.code == kExitOk, qPrintable(twcli::describe(clean)));
+        QVERIFY2(!clean.err.contains("ffmpeg: ["), qPrintable(twcli::describe(clean)));
         const twcli::Run loud = twcli::run({broken, "-o", out("broken-verbose.m4r"), "--start",
                                             "24", "--length", "6", "--verbose"});
         QVERIFY2(loud.code == kExitOk, qPrintable(twcli::describe(loud)));
