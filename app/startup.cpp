@@ -12,6 +12,7 @@
 #include "crash/reportdetails.h"
 #include "editor/ringtoneexport.h"
 #include "engine/platformfolders.h"
+#include "engine/stalefiles.h"
 #include "library/libraryloader.h"
 #include "ui/mainwnd.h"
 
@@ -45,6 +46,8 @@ void removeTempFiles()
         if (!patterns.contains(pattern))
             patterns << pattern;
     }
+    // What an interrupted conversion left, hidden.
+    removeStaleFiles(path);
     const QStringList names = dir.entryList(patterns, QDir::Files, QDir::Unsorted);
     for (const QString& name : names) {
         const QString file = path + "/" + name;

@@ -3,6 +3,7 @@
 #include "audio/wavebuffers.h"
 #include "audio/wavepeaks.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 
@@ -42,15 +43,24 @@ int loadWave(const char* path, tagWaveInfo* info, HeaderFormat* format)
         std::fclose(file);
         return -2;
     }
-    if (fileSize > kMaxFileSize) {
+    if (fileSize > kWaveMaxFileSize) {
         std::fclose(file);
         return -3;
     }
 
     const unsigned channels = readLe16(header + 22);
     const unsigned rate = readLe32(header + 24);
+    // A rate of a few hertz would make one device buffer last seconds, and
+    // closing the device waits for the buffer it is playing.
+    if (rate < kWaveMinSampleRate || rate > kWaveMaxSampleRate) {
+        std::fclose(file);
+        return -5;
+    }
     const unsigned bits = readLe16(header + 34);
-    const unsigned dataSize = readLe32(header + 40);
+    // No more data than the file holds: a header that claims more would put
+    // sound past the real end.
+    const long held = std::max(0L, fileSize - kDataOffset);
+    const unsigned dataSize = static_cast<unsigned>(std::min<long>(readLe32(header + 40), held));
     info->scanFile = file;
     info->frameCount = dataSize;
     info->silence = bits == 8 ? 128 : 0;

@@ -16,7 +16,6 @@
 namespace wav {
 
 constexpr long kDataOffset = 44;
-constexpr long kMaxFileSize = 0x7D000000L;
 constexpr unsigned kRiff = 0x46464952u; // "RIFF" read little-endian
 
 unsigned readLe16(const unsigned char* p);

@@ -21,6 +21,11 @@
 // Bytes of the raw-data buffer that WaveHelperGetRawData fills; readers keep
 // their requests within it.
 constexpr std::size_t kWaveRawBufferBytes = 4194304;
+// The largest file the engine loads (-3 beyond), header included.
+constexpr long kWaveMaxFileSize = 0x7D000000L;
+// The sample rates the engine loads; others are refused (-5) at load.
+constexpr unsigned int kWaveMinSampleRate = 8000;
+constexpr unsigned int kWaveMaxSampleRate = 384000;
 // Frames that one (min, max) entry of the peak table sums up.
 constexpr int kWavePeakBlockFrames = 512;
 
@@ -87,6 +92,11 @@ struct tagWaveInfo
     long loopEnd;
 };
 
+// 0, or -1 the file cannot be opened, -2 no RIFF id, -3 over the size limit,
+// -4 too little data (or a null argument), -5 a sample rate outside
+// kWaveMinSampleRate..kWaveMaxSampleRate, -6 out of memory. The device's
+// buffer never lasts more than 128 ms at the rates it takes, so closing
+// (which waits for the buffer being played) is quick whatever the file.
 int WaveHelperInit(const char* path, tagWaveInfo* info);
 int WaveHelperUninit(tagWaveInfo* info);
 int WaveHelperPlay(tagWaveInfo* info);

@@ -2,6 +2,7 @@
 
 #include "cli/consoleprogress.h"
 #include "cli/exitcodes.h"
+#include "cli/interruptcleanup.h"
 #include "cli/ringtonemaker.h"
 #include "editor/ringtoneexport.h"
 
@@ -109,6 +110,11 @@ void CBatchRun::startNext()
                 if (e == QProcess::FailedToStart)
                     finished(index, process);
             });
+    // The child is interrupted with the batch, and cleans up after itself.
+    connect(process, &QProcess::started, this, [process] {
+        process->setProperty("pid", process->processId());
+        interruptcleanup::addChild(process->processId());
+    });
     ++m_running;
     process->start();
 }
@@ -116,6 +122,7 @@ void CBatchRun::startNext()
 void CBatchRun::finished(int index, QProcess* process)
 {
     Item& item = m_items[index];
+    interruptcleanup::forgetChild(process->property("pid").toLongLong());
     if (process->exitStatus() == QProcess::NormalExit &&
         process->error() != QProcess::FailedToStart) {
         item.exitCode = process->exitCode();

@@ -6,9 +6,11 @@
 #include "cli/clioptions.h"
 #include "cli/consoleprogress.h"
 #include "cli/exitcodes.h"
+#include "cli/interruptcleanup.h"
 #include "cli/ringtonemaker.h"
 #include "cli/timearg.h"
 #include "engine/platformfolders.h"
+#include "engine/stalefiles.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -148,6 +150,9 @@ int main(int argc, char* argv[])
         break;
     }
 
+    interruptcleanup::install();
+    // What an interrupted run left in the scratch space.
+    removeStaleFiles(programCacheDir());
     g_verbose = command.options.verbose;
     qInstallMessageHandler(messageHandler);
     // The engine's lines, FFmpeg's among them, go to the log file; on the

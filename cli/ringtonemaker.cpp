@@ -7,17 +7,25 @@
 #include "editor/waveio.h"
 #include "editor/wavemodel.h"
 #include "editor/waveplayback.h"
+#include "engine/platformfolders.h"
 #include "engine/progresswait.h"
 #include "engine/ringtonenode.h"
+#include "engine/stalefiles.h"
+#include "engine/temporarymark.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -29,6 +37,35 @@ constexpr long long kSpanTailMs = 1000;
 QString seconds(long long ms)
 {
     return QString::number(ms / 1000.0, 'f', 1) + " s";
+}
+
+// A pipe or a device has no length to seek in, and may never end.
+QString notAFile(const QString& input)
+{
+    return QString("%1: is not a regular file (a pipe or a device); only files can be read")
+        .arg(input);
+}
+
+// Why the scratch space would not take the temporary WAV; empty when it
+// takes a megabyte.
+QString scratchProblem()
+{
+    const QString dir = programCacheDir();
+    if (!QDir().mkpath(dir))
+        return QString("the scratch folder %1 cannot be made").arg(dir);
+    QTemporaryFile probe(dir + "/.space-XXXXXX");
+    if (!probe.open())
+        return QString("the scratch folder %1 takes no files (%2)").arg(dir, probe.errorString());
+    const QByteArray block(1 << 20, '\0');
+    for (qsizetype done = 0; done < block.size();) {
+        const ssize_t wrote = ::write(probe.handle(), block.constData() + done,
+                                      static_cast<std::size_t>(block.size() - done));
+        if (wrote <= 0)
+            return QString("the scratch folder %1 takes no more (%2)")
+                .arg(dir, QString::fromLocal8Bit(std::strerror(wrote < 0 ? errno : ENOSPC)));
+        done += wrote;
+    }
+    return QString();
 }
 
 QString loudnessText(double lufs)
@@ -66,13 +103,29 @@ CRingtoneMaker::CRingtoneMaker(const CliOptions& options) : m_options(options) {
 
 int CRingtoneMaker::checkInput(const QString& input, QString* message)
 {
-    const QFileInfo info(input);
-    if (!info.exists()) {
-        *message = QString("%1: no such file").arg(input);
+    // stat(2) first: it never waits, where opening a pipe waits for a writer
+    // that may never come, and it says why a path cannot be used.
+    const QByteArray local = QFile::encodeName(input);
+    struct stat st;
+    if (::stat(local.constData(), &st) != 0) {
+        const int error = errno;
+        if (error == ENOENT)
+            *message = QString("%1: no such file").arg(input);
+        else if (error == ENAMETOOLONG)
+            *message = QString("%1: the path is too long for the file system (%2 bytes)")
+                           .arg(input)
+                           .arg(local.size());
+        else
+            *message = QString("%1: cannot be read (%2)").arg(input, strerror(error));
         return kExitInputUnreadable;
     }
-    if (info.isDir()) {
+    if (S_ISDIR(st.st_mode)) {
         *message = QString("%1: is a folder, not a media file").arg(input);
+        return kExitInputUnreadable;
+    }
+    // A socket fails to open at once, below, as it always did.
+    if (!S_ISREG(st.st_mode) && !S_ISSOCK(st.st_mode)) {
+        *message = notAFile(input);
         return kExitInputUnreadable;
     }
     QFile file(input);
@@ -132,9 +185,22 @@ int CRingtoneMaker::resolveSpan(long long startMs, long long endMs, long long du
 
 int CRingtoneMaker::check(const QString& input, long long* audioMs)
 {
-    switch (CWaveIo::checkSource(input, audioMs)) {
+    int channels = 0;
+    switch (CWaveIo::checkSource(input, audioMs, &channels)) {
     case SourceProblem::None:
+    case SourceProblem::TooLong: // only the span is decoded: no whole-song WAV
+        // A header that says the sound has no channels is what fails.
+        if (channels <= 0) {
+            m_message = QString("%1: its header says the sound has %2 channels; it cannot be "
+                                "decoded")
+                            .arg(input)
+                            .arg(channels);
+            return kExitConversionFailed;
+        }
         break;
+    case SourceProblem::NotAFile:
+        m_message = notAFile(input);
+        return kExitInputUnreadable;
     case SourceProblem::Unreadable:
         m_message = QString("%1: cannot be read").arg(input);
         return kExitInputUnreadable;
@@ -165,7 +231,12 @@ int CRingtoneMaker::decode(const QString& input, CWaveIo& io, CWavePlayback& pla
     }
     if (decoded < 0 || playback.open(io.getWavePath()) != 0) {
         playback.release();
-        m_message = QString("%1: could not be decoded").arg(input);
+        // A scratch space that takes no WAV is no fault of the input's.
+        const QString scratch = scratchProblem();
+        m_message =
+            scratch.isEmpty()
+                ? QString("%1: could not be decoded").arg(input)
+                : QString("%1: the temporary WAV could not be written: %2").arg(input, scratch);
         return kExitConversionFailed;
     }
     return kExitOk;
@@ -215,6 +286,8 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     code = checkOutput(output, input, m_options.force, &m_message);
     if (code != kExitOk)
         return code;
+    // What an interrupted run left beside the output.
+    removeStaleFiles(folder);
     EditorParts parts;
     CWaveModel& model = parts.model;
     CWavePlayback& playback = parts.playback;
@@ -276,6 +349,17 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
         playback.release();
         return code;
     }
+    // The input's end may have shortened the span below a fade asked for.
+    if (m_options.fadeInSeconds * 1000LL > end - begin ||
+        m_options.fadeOutSeconds * 1000LL > end - begin) {
+        m_message = QString("%1: a fade is longer than the ringtone (%2 s, from %3 to the "
+                            "input's end)")
+                        .arg(input)
+                        .arg((end - begin) / 1000.0)
+                        .arg(formatTimeArg(begin));
+        playback.release();
+        return kExitUsage;
+    }
     model.setSelection(begin - offset, end - offset);
     playback.enableFadeIn(m_options.fadeInSeconds > 0);
     playback.setFadeInLength(m_options.fadeInSeconds);
@@ -298,6 +382,8 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
         return kExitOutputUnwritable;
     }
     staging.close();
+    // An interrupted run removes it (and the engine its own half-written file).
+    const CTemporaryMark stagingMark(staging.fileName());
 
     parts.wait.setPercentReport([&progress](int percent) { progress(50 + percent); });
     if (ringtone.exportTo(staging.fileName()) < 0) {

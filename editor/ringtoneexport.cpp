@@ -8,6 +8,7 @@
 #include "editor/waveplayback.h"
 #include "engine/convertwraper.h"
 #include "engine/progresswait.h"
+#include "engine/temporarymark.h"
 #include "engine/timelinehelper.h"
 #include "library/ItunesWrap.h"
 
@@ -210,6 +211,7 @@ int CRingtoneExport::encode(const CSpanRender& span, const SpanLevels& levels, c
     const RingtoneFormat& kind = format(m_kind);
     // The rendered selection goes to the encoder as a WAV of its own.
     const QString spanWave = CWaveIo::newTempWavePath();
+    const CTemporaryMark spanMark(spanWave);
     if (!span.writeWave(spanWave, levels)) {
         QFile::remove(spanWave);
         qWarning().noquote() << "convert m4r: cannot write" << spanWave;

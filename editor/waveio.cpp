@@ -5,6 +5,7 @@
 #include "engine/convertwraper.h"
 #include "engine/platformfolders.h"
 #include "engine/progresswait.h"
+#include "engine/temporarymark.h"
 #include "engine/timelinehelper.h"
 
 #include <QDebug>
@@ -68,11 +69,16 @@ int CWaveIo::waitPhase(float weight, float offset, bool wait)
     return m_wait->start(weight, offset, wait);
 }
 
-SourceProblem CWaveIo::checkSource(const QString& path, long long* audioMs)
+SourceProblem CWaveIo::checkSource(const QString& path, long long* audioMs, int* audioChannels)
 {
     if (audioMs)
         *audioMs = 0;
+    if (audioChannels)
+        *audioChannels = 0;
     const QFileInfo info(path);
+    // Asked before opening: opening a pipe waits for a writer.
+    if (info.exists() && !info.isDir() && !info.isFile())
+        return SourceProblem::NotAFile;
     QFile file(path);
     if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         return SourceProblem::Unreadable;
@@ -84,9 +90,14 @@ SourceProblem CWaveIo::checkSource(const QString& path, long long* audioMs)
         return SourceProblem::NoSound;
     if (audioMs)
         *audioMs = streams.audioMs;
+    if (audioChannels)
+        *audioChannels = streams.audioChannels;
     // An unknown length is left to the conversion to find out.
     if (streams.audioMs > 0 && streams.audioMs < kMinSelection)
         return SourceProblem::TooShort;
+    // Refused before a byte of the WAV is written.
+    if (streams.audioMs > kEditorMaxSoundMs)
+        return SourceProblem::TooLong;
     return SourceProblem::None;
 }
 
@@ -97,6 +108,8 @@ int CWaveIo::convertToWave(const QString& src, long long startMs, long long endM
         return -4;
 
     wavePath = newTempWavePath();
+    // The WAV is only ever a copy: an interrupted command line removes it.
+    m_waveMark = std::make_unique<CTemporaryMark>(wavePath);
     qDebug().noquote() << "convert to temp:" << wavePath;
 
     const bool span = startMs != 0 || endMs != 0;

@@ -7,6 +7,7 @@
 // borrowed (an own, silent one stands in without one). GUI thread; the wait
 // keeps the event loop turning while the engine converts.
 
+#include "audio/wavehelper.h"
 #include "engine/ringtonenode.h"
 
 #include <QString>
@@ -14,10 +15,14 @@
 #include <memory>
 
 class CProgressWait;
+class CTemporaryMark;
 class CWavePlayback;
 
 // Bit rate the editor's conversions into its temporary WAV ask for.
 constexpr int kEditorBitRate = 128000;
+// The longest sound the editor's temporary WAV (44.1 kHz 16-bit stereo)
+// holds within the WAV engine's size limit: 3 h 18 min.
+constexpr long long kEditorMaxSoundMs = (kWaveMaxFileSize - 44) / (44100LL * 4) * 1000;
 
 // What keeps a source out of the editor, found by a probe before anything
 // is converted.
@@ -27,7 +32,9 @@ enum class SourceProblem
     Unreadable, // missing, a folder, or refused when opened: trying again may help
     NotMedia,   // the media engine does not take it as media at all
     NoSound,    // media without an audio stream
-    TooShort    // less sound than the shortest ringtone
+    TooShort,   // less sound than the shortest ringtone
+    TooLong,    // more sound than the editor's WAV holds (kEditorMaxSoundMs)
+    NotAFile    // a pipe, a socket or a device: opening it may never end
 };
 
 class CWaveIo
@@ -46,8 +53,10 @@ public:
     const QString& getWavePath() const { return wavePath; }
 
     // Whether the source can be edited; `audioMs`, when given, gets the
-    // sound's length (0 when unknown).
-    static SourceProblem checkSource(const QString& path, long long* audioMs = nullptr);
+    // sound's length (0 when unknown), `audioChannels` its channels as the
+    // header says.
+    static SourceProblem checkSource(const QString& path, long long* audioMs = nullptr,
+                                     int* audioChannels = nullptr);
     // The source as a new temporary WAV: 1, -2 conversion refused, -3 the
     // copy's progress phase failed, -4 the source has no audio. With a span
     // (startMs..endMs, not both 0) the WAV holds only that part of the
@@ -80,5 +89,6 @@ private:
     QString wavePath;
     // Set when no wait was given.
     std::unique_ptr<CProgressWait> m_ownWait;
+    std::unique_ptr<CTemporaryMark> m_waveMark; // the current WAV, removed if interrupted
     CProgressWait* m_wait;
 };

@@ -72,6 +72,7 @@ bool CTimeLineHelper::probe(const char* path, MediaStreams* streams)
         if (stream.nKind == KELO_STREAM_AUDIO && !streams->audio) {
             streams->audio = true;
             streams->audioMs = stream.llDuration;
+            streams->audioChannels = stream.nChannels;
         } else if (stream.nKind == KELO_STREAM_VIDEO) {
             streams->video = true;
         }

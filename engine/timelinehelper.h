@@ -11,6 +11,7 @@ struct MediaStreams
     bool audio = false;
     bool video = false;
     long long audioMs = 0; // the first audio stream's length; 0 when unknown
+    int audioChannels = 0; // the first audio stream's channels, as its header says
     QString artist;        // the file's own artist tag; empty when none
 };
 

@@ -92,6 +92,17 @@ void CTryAgainDlg::retranslate()
             paragraphs(tr("&quot;%1&quot; is too short.").arg(name),
                        tr("The shortest ringtone is %1 seconds.").arg(kMinSelection / 1000)));
         break;
+    case SourceProblem::TooLong:
+        m_message->setText(paragraphs(tr("&quot;%1&quot; is too long.").arg(name),
+                                      tr("The editor opens up to %1 hours %2 minutes of sound.")
+                                          .arg(kEditorMaxSoundMs / 3600000)
+                                          .arg(kEditorMaxSoundMs / 60000 % 60)));
+        break;
+    case SourceProblem::NotAFile:
+        m_message->setText(paragraphs(tr("&quot;%1&quot; is not a file.").arg(name),
+                                      tr("Pipes and devices cannot be opened. Choose a song or "
+                                         "a video.")));
+        break;
     }
     m_okBtn->setText(tr("Try again"));
     m_cancelBtn->setText(canTryAgain(m_problem) ? tr("Cancel") : tr("OK"));

@@ -56,6 +56,8 @@ std::string claimTempName(const std::string& dest)
         std::FILE* f = std::fopen(temp.string().c_str(), "wbx");
         if (f) {
             std::fclose(f);
+            // Removed should the process be interrupted before it is done.
+            KeloMarkTemporary(temp.c_str());
             return temp.string();
         }
         if (errno != EEXIST)
@@ -134,6 +136,8 @@ void RenderJob::run()
     }
     if ((rc != KELO_OK || cancelled) && !temp.empty())
         fs::remove(temp, ec);
+    if (!temp.empty())
+        KeloUnmarkTemporary(temp.c_str());
     m_writing.store(false);
 
     if (cancelled) {

@@ -4,6 +4,9 @@
 #include "fflog.h"
 #include "registry.h"
 
+#include <sys/stat.h>
+
+#include <cerrno>
 #include <cstring>
 #include <string>
 
@@ -12,6 +15,16 @@ namespace vexa {
 InputPtr openInput(const char* path, int* error)
 {
     routeFfmpegLog();
+
+    // Only regular files: opening a pipe waits for a writer that may never
+    // come, and a device such as /dev/zero never ends.
+    struct stat st;
+    const int statError = ::stat(path, &st) != 0 ? errno : (S_ISREG(st.st_mode) ? 0 : EINVAL);
+    if (statError != 0) {
+        if (error)
+            *error = AVERROR(statError);
+        return nullptr;
+    }
 
     AVFormatContext* raw = avformat_alloc_context();
     if (!raw) {

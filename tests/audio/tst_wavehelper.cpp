@@ -46,6 +46,9 @@ private slots:
     void shouldAcceptUnknownFormatWithoutPeaksOrDevice();
     void shouldReadHeaderIntoRecord_data();
     void shouldReadHeaderIntoRecord();
+    void shouldRefuseSampleRatesOutsideItsRange_data();
+    void shouldRefuseSampleRatesOutsideItsRange();
+    void shouldCountOnlyTheDataTheFileHolds();
 
     void shouldBuildPeakTable_data();
     void shouldBuildPeakTable();
@@ -295,6 +298,51 @@ void TestWaveHelper::shouldReadHeaderIntoRecord()
     QCOMPARE(g.w.fadeOutStart, -1);
     QCOMPARE(g.w.fadeOutEnd, -1);
     QCOMPARE(SDL_GetAudioStatus(), SDL_AUDIO_PAUSED); // open, not playing
+}
+
+void TestWaveHelper::shouldRefuseSampleRatesOutsideItsRange_data()
+{
+    QTest::addColumn<int>("rate");
+    QTest::addColumn<int>("result");
+    QTest::newRow("1 Hz") << 1 << -5;
+    QTest::newRow("16 Hz") << 16 << -5;
+    QTest::newRow("7999 Hz") << 7999 << -5;
+    QTest::newRow("8000 Hz") << 8000 << 0;
+    QTest::newRow("384000 Hz") << 384000 << 0;
+    QTest::newRow("384001 Hz") << 384001 << -5;
+}
+
+void TestWaveHelper::shouldRefuseSampleRatesOutsideItsRange()
+{
+    QFETCH(int, rate);
+    QFETCH(int, result);
+    // Eleven times the rate in bytes: more than the least data it takes.
+    const QString path = makeWav("rate.wav", rate, 2, 16, audiotest::noise(qint64(rate) * 11, 6));
+    const QByteArray before = audiotest::readFile(path);
+    tagWaveInfo w;
+    std::memset(&w, 0x5A, sizeof w);
+    const tagWaveInfo untouched = w;
+    const int rc = WaveHelperInit(path.toLocal8Bit().constData(), &w);
+    QCOMPARE(rc, result);
+    if (result != 0) {
+        QVERIFY(std::memcmp(&w, &untouched, sizeof w) == 0); // record untouched
+        QCOMPARE(SDL_GetAudioStatus(), SDL_AUDIO_STOPPED);   // no device opened
+    } else {
+        QCOMPARE(w.sampleRate, unsigned(rate));
+        QCOMPARE(WaveHelperUninit(&w), 0);
+    }
+    QCOMPARE(audiotest::readFile(path), before);
+}
+
+void TestWaveHelper::shouldCountOnlyTheDataTheFileHolds()
+{
+    // The header claims 30 s; the file holds 20 s.
+    const QString path =
+        makeWav("claims.wav", 44100, 2, 16, audiotest::noise(44100 * 4 * 20, 7), 44100 * 4 * 30);
+    audiotest::WaveGuard g;
+    QCOMPARE(WaveHelperInit(path.toLocal8Bit().constData(), &g.w), 0);
+    QCOMPARE(g.w.frameCount, 44100u * 20);
+    QCOMPARE(g.w.peakCount, int((44100 * 20 + 511) >> 9));
 }
 
 void TestWaveHelper::shouldBuildPeakTable_data()

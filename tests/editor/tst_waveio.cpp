@@ -10,6 +10,7 @@
 #include "editor/waveplayback.h"
 #include "engine/platformfolders.h"
 #include "mediafixtures.h"
+#include "piperescue.h"
 #include "tests/itunesagent/agentfixtures.h"
 #include "wavewndfixture.h"
 
@@ -174,6 +175,43 @@ private slots:
         QVERIFY(ms > 2900 && ms < 3100);
         // Just long enough: five seconds of sound.
         QCOMPARE(CWaveIo::checkSource(tw::wavFixture(5)), SourceProblem::None);
+    }
+
+    void shouldRefuseAPipeWithoutWaitingForIt()
+    {
+        tw::PipeRescue pipe(m_dir.filePath("pipe.mp3"), 10000);
+        QVERIFY(pipe.made());
+        QCOMPARE(CWaveIo::checkSource(m_dir.filePath("pipe.mp3")), SourceProblem::NotAFile);
+        QVERIFY2(!pipe.finish(), "the check waited for a writer");
+        QCOMPARE(CWaveIo::checkSource("/dev/zero"), SourceProblem::NotAFile);
+    }
+
+    void shouldRefuseASourceLongerThanItsWaveHoldsBeforeWritingIt()
+    {
+        // Silence in a sparse file, its header saying how long: no disk
+        // space taken, and nothing read but the header.
+        const QString wav = m_dir.filePath("hours.wav");
+        QVERIFY(tw::writeWav(wav, 44100, 2, 16, 44100, [](qint64, int) { return 0; }));
+        auto lasting = [&wav](long long ms) {
+            const qint64 bytes = ms * 441 / 10 * 4;
+            QFile file(wav);
+            QByteArray size;
+            for (int i = 0; i < 4; ++i)
+                size.append(char(quint32(bytes) >> (8 * i) & 0xFF));
+            return file.open(QIODevice::ReadWrite) && file.seek(40) && file.write(size) == 4 &&
+                   file.resize(44 + bytes);
+        };
+        const QStringList before = QDir(programCacheDir()).entryList(QDir::Files | QDir::Hidden);
+        long long ms = 0;
+        QVERIFY(lasting(210LL * 60 * 1000));
+        QCOMPARE(CWaveIo::checkSource(wav, &ms), SourceProblem::TooLong);
+        QCOMPARE(ms, 210LL * 60 * 1000);
+        // Just within: all that the editor's WAV holds.
+        QVERIFY(kEditorMaxSoundMs > 3 * 3600 * 1000 && kEditorMaxSoundMs < 210LL * 60 * 1000);
+        QVERIFY(lasting(kEditorMaxSoundMs));
+        QCOMPARE(CWaveIo::checkSource(wav, &ms), SourceProblem::None);
+        QCOMPARE(QDir(programCacheDir()).entryList(QDir::Files | QDir::Hidden), before);
+        QVERIFY(QFile::remove(wav));
     }
 
     void shouldRefuseASourceWithoutSound()

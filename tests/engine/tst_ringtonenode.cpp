@@ -2,6 +2,7 @@
 // video flag from real media files.
 
 #include "engine/ringtonenode.h"
+#include "piperescue.h"
 #include "tests/itunesagent/agentfixtures.h"
 
 #include <QTemporaryDir>
@@ -22,6 +23,7 @@ private slots:
     void shouldMarkTheRecordAsALocalFileAndKeepTheRest();
     void shouldTellVideoFromAudio_data();
     void shouldTellVideoFromAudio();
+    void shouldNeverWaitForAPipe();
 
 private:
     static CRingToneNode fullNode();
@@ -171,6 +173,19 @@ void TestRingToneNode::shouldTellVideoFromAudio()
     CRingToneNode node = fullNode();
     node.LoadFromFile(path);
     QCOMPARE(node.bVideo, video);
+}
+
+void TestRingToneNode::shouldNeverWaitForAPipe()
+{
+    // The window takes a dropped file, or one named at start, this way.
+    const QString path = m_dir.filePath("pipe.mp4");
+    tw::PipeRescue pipe(path, 10000);
+    QVERIFY(pipe.made());
+    CRingToneNode node;
+    node.LoadFromFile(path);
+    QVERIFY2(!pipe.finish(), "the media engine waited for a writer");
+    QCOMPARE(node.bVideo, 0);
+    QCOMPARE(node.strTitle, QString("pipe"));
 }
 
 TW_TEST_MAIN(TestRingToneNode)

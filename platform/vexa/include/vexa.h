@@ -244,6 +244,17 @@ void KeloLogMessage(int level, const char* format, ...)
 // the day file gets them either way. A quiet command line turns it off.
 void KeloSetLogEcho(int on);
 
+// --- temporary files -------------------------------------------------------
+// Files to remove should the process be interrupted: a conversion's
+// half-written file (the engine marks its own), a caller's staging file.
+// Up to 64 at a time; a mark beyond them, or of a path of PATH_MAX bytes or
+// more, is refused (-1) and the file then stays to a later clean-up.
+int KeloMarkTemporary(const char* path);
+void KeloUnmarkTemporary(const char* path);
+// Removes every marked file. Async-signal-safe (unlink(2) only): a SIGINT or
+// SIGTERM handler calls it before the process ends.
+void KeloRemoveTemporaries(void);
+
 // --- problem reports ---------------------------------------------------------
 // A line for the summary of every later problem report ("Qt", "6.4.2").
 void KeloAddReportDetail(const char* name, const char* value);
