@@ -3,6 +3,8 @@
 #include "cli/consoleprogress.h"
 #include "cli/exitcodes.h"
 #include "cli/interruptcleanup.h"
+#include "cli/localpath.h"
+#include "cli/pathalias.h"
 #include "cli/ringtonemaker.h"
 #include "editor/ringtoneexport.h"
 
@@ -102,7 +104,12 @@ void CBatchRun::startNext()
     const int index = m_next++;
     auto* process = new QProcess(this);
     process->setProgram(QCoreApplication::applicationFilePath());
-    process->setArguments(childArguments(m_options, m_items[index].input, m_items[index].output));
+    // A child's arguments travel as UTF-8: an input whose name is not goes
+    // by its alias, and its ringtone by the readable form of its name.
+    auto alias = std::make_unique<CPathAlias>(m_items[index].input);
+    process->setArguments(childArguments(m_options, alias->path(),
+                                         localpath::readable(m_items[index].output)));
+    m_aliases[index] = std::move(alias);
     connect(process, &QProcess::finished, this,
             [this, index, process] { finished(index, process); });
     connect(process, &QProcess::errorOccurred, this,
@@ -123,6 +130,7 @@ void CBatchRun::finished(int index, QProcess* process)
 {
     Item& item = m_items[index];
     interruptcleanup::forgetChild(process->property("pid").toLongLong());
+    m_aliases.erase(index);
     if (process->exitStatus() == QProcess::NormalExit &&
         process->error() != QProcess::FailedToStart) {
         item.exitCode = process->exitCode();

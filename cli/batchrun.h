@@ -13,8 +13,12 @@
 #include <QStringList>
 #include <QVector>
 
+#include <map>
+#include <memory>
+
 class QProcess;
 class CConsoleProgress;
+class CPathAlias;
 
 class CBatchRun : public QObject
 {
@@ -56,4 +60,6 @@ private:
     int m_running = 0;
     int m_done = 0;
     CConsoleProgress* m_progress = nullptr;
+    // A running child's input by a name it can be handed (see CPathAlias).
+    std::map<int, std::unique_ptr<CPathAlias>> m_aliases;
 };

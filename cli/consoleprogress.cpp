@@ -1,5 +1,7 @@
 #include "cli/consoleprogress.h"
 
+#include "cli/localpath.h"
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -39,14 +41,14 @@ void CConsoleProgress::update(int percent)
         if (percent / kLineStep == std::max(m_shown, 0) / kLineStep && m_shown >= 0)
             return;
         m_shown = percent / kLineStep * kLineStep;
-        std::fprintf(m_out, "%s: %d%%\n", m_label.toLocal8Bit().constData(), m_shown);
+        std::fprintf(m_out, "%s: %d%%\n", localpath::encode(m_label).constData(), m_shown);
         break;
     case Bar: {
         m_shown = percent;
         const int filled = percent * kBarWidth / 100;
         const QByteArray bar = QByteArray(filled, '#') + QByteArray(kBarWidth - filled, '.');
         std::fprintf(m_out, "\r[%s] %3d%%  %s", bar.constData(), percent,
-                     m_label.toLocal8Bit().constData());
+                     localpath::encode(m_label).constData());
         m_open = true;
         break;
     }

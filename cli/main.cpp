@@ -7,6 +7,7 @@
 #include "cli/consoleprogress.h"
 #include "cli/exitcodes.h"
 #include "cli/interruptcleanup.h"
+#include "cli/localpath.h"
 #include "cli/ringtonemaker.h"
 #include "cli/timearg.h"
 #include "engine/platformfolders.h"
@@ -31,12 +32,12 @@ void messageHandler(QtMsgType type, const QMessageLogContext&, const QString& te
 {
     if ((type == QtDebugMsg || type == QtInfoMsg) && !g_verbose)
         return;
-    std::fprintf(stderr, "tonewright-cli: %s\n", text.toLocal8Bit().constData());
+    std::fprintf(stderr, "tonewright-cli: %s\n", localpath::encode(text).constData());
 }
 
 void printError(const QString& message)
 {
-    std::fprintf(stderr, "tonewright-cli: %s\n", message.toLocal8Bit().constData());
+    std::fprintf(stderr, "tonewright-cli: %s\n", localpath::encode(message).constData());
 }
 
 int makeOne(const CliOptions& options)
@@ -48,7 +49,7 @@ int makeOne(const CliOptions& options)
     const int code = maker.make(input, options.output, [&progress](int p) { progress.update(p); });
     progress.finish();
     if (code == kExitOk) {
-        std::printf("%s\n", maker.message().toLocal8Bit().constData());
+        std::printf("%s\n", localpath::encode(maker.message()).constData());
         std::fflush(stdout);
     } else {
         printError(maker.message());
@@ -113,7 +114,7 @@ int suggestAll(const CliOptions& options)
             if (!others.isEmpty())
                 line += "; also " + others.join(", ");
         }
-        std::printf("%s\n", line.toLocal8Bit().constData());
+        std::printf("%s\n", localpath::encode(line).constData());
         std::fflush(stdout);
     }
     if (failures > 0 && options.inputs.size() > 1)
@@ -135,7 +136,8 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName("tonewright");
     QCoreApplication::setApplicationVersion(TONEWRIGHT_VERSION);
 
-    const CliCommand command = parseCliArguments(QCoreApplication::arguments());
+    // Names as the file system has them, whatever their bytes.
+    const CliCommand command = parseCliArguments(localpath::arguments(argc, argv));
     switch (command.action) {
     case CliCommand::ShowHelp:
     case CliCommand::ShowVersion:
@@ -151,10 +153,10 @@ int main(int argc, char* argv[])
     }
 
     interruptcleanup::install();
-    // What an interrupted run left in the scratch space.
-    removeStaleFiles(programCacheDir());
     g_verbose = command.options.verbose;
     qInstallMessageHandler(messageHandler);
+    // What an interrupted run left in the scratch space.
+    removeStaleFiles(programCacheDir());
     // The engine's lines, FFmpeg's among them, go to the log file; on the
     // terminal only with --verbose.
     KeloSetLogEcho(g_verbose ? 1 : 0);

@@ -1,6 +1,8 @@
 #include "cli/ringtonemaker.h"
 
 #include "cli/exitcodes.h"
+#include "cli/localpath.h"
+#include "cli/pathalias.h"
 #include "cli/timearg.h"
 #include "editor/ringtoneexport.h"
 #include "editor/spansuggest.h"
@@ -18,6 +20,7 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,6 +40,22 @@ constexpr long long kSpanTailMs = 1000;
 QString seconds(long long ms)
 {
     return QString::number(ms / 1000.0, 'f', 1) + " s";
+}
+
+bool isFolder(const QString& path)
+{
+    struct stat st;
+    return ::stat(localpath::encode(path).constData(), &st) == 0 && S_ISDIR(st.st_mode);
+}
+
+// mkdir -p, by the name's own bytes.
+bool makeFolder(const QString& path)
+{
+    const QByteArray local = localpath::encode(path);
+    for (int slash = local.indexOf('/', 1); slash > 0; slash = local.indexOf('/', slash + 1))
+        ::mkdir(local.left(slash).constData(), 0777);
+    ::mkdir(local.constData(), 0777);
+    return isFolder(path);
 }
 
 // A pipe or a device has no length to seek in, and may never end.
@@ -105,7 +124,7 @@ int CRingtoneMaker::checkInput(const QString& input, QString* message)
 {
     // stat(2) first: it never waits, where opening a pipe waits for a writer
     // that may never come, and it says why a path cannot be used.
-    const QByteArray local = QFile::encodeName(input);
+    const QByteArray local = localpath::encode(input);
     struct stat st;
     if (::stat(local.constData(), &st) != 0) {
         const int error = errno;
@@ -128,37 +147,43 @@ int CRingtoneMaker::checkInput(const QString& input, QString* message)
         *message = notAFile(input);
         return kExitInputUnreadable;
     }
-    QFile file(input);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *message = QString("%1: cannot be read (%2)").arg(input, file.errorString());
+    const int fd = ::open(local.constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
+        *message = QString("%1: cannot be read (%2)").arg(input, strerror(errno));
         return kExitInputUnreadable;
     }
+    ::close(fd);
     return kExitOk;
 }
 
 int CRingtoneMaker::checkOutput(const QString& output, const QString& input, bool force,
                                 QString* message)
 {
-    const QFileInfo info(output);
-    if (info.exists() && info.canonicalFilePath() == QFileInfo(input).canonicalFilePath()) {
+    struct stat out;
+    const bool exists = ::stat(localpath::encode(output).constData(), &out) == 0;
+    struct stat in;
+    if (exists && ::stat(localpath::encode(input).constData(), &in) == 0 &&
+        out.st_dev == in.st_dev && out.st_ino == in.st_ino) {
         *message = QString("%1: the output would replace the input").arg(output);
         return kExitUsage;
     }
-    if (info.isDir()) {
+    if (exists && S_ISDIR(out.st_mode)) {
         *message = QString("%1: is a folder; name the ringtone file").arg(output);
         return kExitOutputUnwritable;
     }
-    if (info.exists() && !force) {
+    if (exists && !force) {
         *message = QString("%1: exists (--force replaces it)").arg(output);
         return kExitOutputExists;
     }
-    const QFileInfo folder(info.absolutePath());
-    if (!folder.isDir()) {
-        *message = QString("%1: the folder %2 does not exist").arg(output, folder.filePath());
+    const QString folder = localpath::folderOf(output);
+    const CPathAlias folderAlias(folder);
+    const QFileInfo folderInfo(folderAlias.path());
+    if (!folderInfo.isDir()) {
+        *message = QString("%1: the folder %2 does not exist").arg(output, folder);
         return kExitOutputUnwritable;
     }
-    if (!folder.isWritable()) {
-        *message = QString("%1: the folder %2 cannot be written").arg(output, folder.filePath());
+    if (!folderInfo.isWritable()) {
+        *message = QString("%1: the folder %2 cannot be written").arg(output, folder);
         return kExitOutputUnwritable;
     }
     return kExitOk;
@@ -186,7 +211,7 @@ int CRingtoneMaker::resolveSpan(long long startMs, long long endMs, long long du
 int CRingtoneMaker::check(const QString& input, long long* audioMs)
 {
     int channels = 0;
-    switch (CWaveIo::checkSource(input, audioMs, &channels)) {
+    switch (CWaveIo::checkSource(m_source, audioMs, &channels)) {
     case SourceProblem::None:
     case SourceProblem::TooLong: // only the span is decoded: no whole-song WAV
         // A header that says the sound has no channels is what fails.
@@ -222,9 +247,9 @@ int CRingtoneMaker::decode(const QString& input, CWaveIo& io, CWavePlayback& pla
                            long long fromMs, long long toMs)
 {
     CRingToneNode song;
-    song.strPath = input;
+    song.strPath = m_source;
     io.setNode(song);
-    const int decoded = io.convertToWave(input, fromMs, toMs);
+    const int decoded = io.convertToWave(m_source, fromMs, toMs);
     if (decoded == -4) {
         m_message = QString("%1: no audio stream").arg(input);
         return kExitNoAudio;
@@ -250,11 +275,13 @@ int CRingtoneMaker::suggest(const QString& input, long long lengthMs,
     int code = checkInput(input, &m_message);
     if (code != kExitOk)
         return code;
+    const CPathAlias source(input);
+    m_source = source.path();
     long long audioMs = 0;
     code = check(input, &audioMs);
     if (code != kExitOk)
         return code;
-    *proposals = CSpanSuggest::analyseSource(input, lengthMs, durationMs);
+    *proposals = CSpanSuggest::analyseSource(m_source, lengthMs, durationMs);
     if (!proposals->empty())
         return kExitOk;
     if (*durationMs == 0) {
@@ -277,17 +304,21 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     int code = checkInput(input, &m_message);
     if (code != kExitOk)
         return code;
+    const CPathAlias source(input);
+    m_source = source.path();
     // A missing folder is made, as -d makes its folder.
-    const QString folder = QFileInfo(output).absolutePath();
-    if (!QFileInfo(folder).isDir() && !QDir().mkpath(folder)) {
+    const QString folder = localpath::folderOf(output);
+    if (!isFolder(folder) && !makeFolder(folder)) {
         m_message = QString("%1: the folder %2 cannot be made").arg(output, folder);
         return kExitOutputUnwritable;
     }
     code = checkOutput(output, input, m_options.force, &m_message);
     if (code != kExitOk)
         return code;
+    // The folder by a name that Qt can open, whatever its bytes.
+    const CPathAlias outputFolder(folder);
     // What an interrupted run left beside the output.
-    removeStaleFiles(folder);
+    removeStaleFiles(outputFolder.path());
     EditorParts parts;
     CWaveModel& model = parts.model;
     CWavePlayback& playback = parts.playback;
@@ -296,7 +327,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     ringtone.setExportOnly(true);
     ringtone.setKind(m_options.kind);
     // The ringtone's own name is its title.
-    ringtone.setTags(QFileInfo(output).completeBaseName(), QString());
+    ringtone.setTags(QFileInfo(localpath::readable(output)).completeBaseName(), QString());
 
     long long audioMs = 0;
     code = check(input, &audioMs);
@@ -307,7 +338,8 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     if (m_options.startAuto) {
         // The best proposal of the length asked for (--end does not go with it).
         const long long length = requestedEnd - start;
-        const std::vector<SpanProposal> proposals = CSpanSuggest::analyseSource(input, length);
+        const std::vector<SpanProposal> proposals =
+            CSpanSuggest::analyseSource(m_source, length);
         start = proposals.empty() ? 0 : proposals.front().beginMs;
         requestedEnd = start + length;
     }
@@ -372,13 +404,12 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
 
     // A hidden name in the output's folder: the rename that ends the run is
     // then one step on one file system, and a failure leaves only this.
-    const QFileInfo out(output);
-    QTemporaryFile staging(out.absolutePath() + "/.tonewright-XXXXXX" +
+    QTemporaryFile staging(outputFolder.path() + "/.tonewright-XXXXXX" +
                            QLatin1String(CRingtoneExport::format(m_options.kind).extension));
     if (!staging.open()) {
         playback.release();
         m_message = QString("%1: the folder %2 cannot be written (%3)")
-                        .arg(output, out.absolutePath(), staging.errorString());
+                        .arg(output, folder, staging.errorString());
         return kExitOutputUnwritable;
     }
     staging.close();
@@ -388,16 +419,17 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     parts.wait.setPercentReport([&progress](int percent) { progress(50 + percent); });
     if (ringtone.exportTo(staging.fileName()) < 0) {
         m_message =
-            QString("%1: the ringtone could not be encoded into %2").arg(input, out.absolutePath());
+            QString("%1: the ringtone could not be encoded into %2").arg(input, folder);
         return kExitConversionFailed;
     }
-    if (!m_options.force && out.exists()) {
+    struct stat st;
+    if (!m_options.force && ::stat(localpath::encode(output).constData(), &st) == 0) {
         m_message = QString("%1: appeared while converting (--force replaces it)").arg(output);
         return kExitOutputExists;
     }
     // rename(2) replaces an existing ringtone in one step.
     if (std::rename(QFile::encodeName(staging.fileName()).constData(),
-                    QFile::encodeName(output).constData()) != 0) {
+                    localpath::encode(output).constData()) != 0) {
         m_message = QString("%1: could not be written").arg(output);
         return kExitOutputUnwritable;
     }
@@ -409,7 +441,9 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     const CRingtoneExport::WrittenLevels& levels = ringtone.writtenLevels();
     if (levels.measured)
         m_message += QString(", %1, %2").arg(loudnessText(levels.lufs), peakText(levels.truePeak));
-    if (m_options.addToLibrary && CRingtoneExport::addToLibrary(out.absoluteFilePath()) != 0) {
+    // The library copies the ringtone under the name it is given.
+    if (m_options.addToLibrary &&
+        CRingtoneExport::addToLibrary(CPathAlias(localpath::absolute(output)).path()) != 0) {
         m_message = QString("%1: written, but the library did not take it").arg(output);
         return kExitLibraryFailed;
     }

@@ -44,10 +44,10 @@ public:
                            QString* message);
 
 private:
-    // Checks that `input` is media with sound; `audioMs` gets the probe's
+    // Checks that the input (m_source; `input` names it in messages) is media with sound; `audioMs` gets the probe's
     // length of its sound (0 when unknown). kExitOk or the code.
     int check(const QString& input, long long* audioMs);
-    // Decodes `input` (from `fromMs` to `toMs`, or whole with 0..0) into the
+    // Decodes the input (m_source; `input` names it in messages) (from `fromMs` to `toMs`, or whole with 0..0) into the
     // editor's temporary WAV, open in `playback`. kExitOk or the code.
     int decode(const QString& input, CWaveIo& io, CWavePlayback& playback, long long fromMs = 0,
                long long toMs = 0);
@@ -59,4 +59,6 @@ private:
 
     CliOptions m_options;
     QString m_message;
+    // What is opened for the input: its alias when its name is not UTF-8.
+    QString m_source;
 };

@@ -69,4 +69,8 @@ extern "C" void KeloRemoveTemporaries(void)
     for (Slot& slot : g_slots)
         if (slot.state.load() == kMarked)
             ::unlink(slot.path);
+    // Marked folders once the files in them are gone.
+    for (Slot& slot : g_slots)
+        if (slot.state.load() == kMarked)
+            ::rmdir(slot.path);
 }

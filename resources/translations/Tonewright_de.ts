@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; ist zu lang.</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>Der Editor öffnet bis zu %1 Stunden %2 Minuten Ton.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>Pipes und Geräte können nicht geöffnet werden. Wählen Sie ein Lied oder ein Video.</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

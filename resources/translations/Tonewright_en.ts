@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; is too long.</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>The editor opens up to %1 hours %2 minutes of sound.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; is not a file.</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>Pipes and devices cannot be opened. Choose a song or a video.</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

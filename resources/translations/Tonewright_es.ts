@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>Aceptar</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; es demasiado largo.</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>El editor abre hasta %1 horas %2 minutos de sonido.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; no es un archivo.</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>No se pueden abrir tuberías ni dispositivos. Elija una canción o un vídeo.</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; est trop long.</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>L’éditeur ouvre jusqu’à %1 heures %2 minutes de son.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; n’est pas un fichier.</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>Les tubes et les périphériques ne peuvent pas être ouverts. Choisissez une chanson ou une vidéo.</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; is te lang.</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>De editor opent tot %1 uur %2 minuten geluid.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; is geen bestand.</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>Pipes en apparaten kunnen niet worden geopend. Kies een nummer of een video.</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; é longo demais.</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>O editor abre até %1 horas %2 minutos de som.</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; não é um arquivo.</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>Pipes e dispositivos não podem ser abertos. Escolha uma música ou um vídeo.</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

@@ -757,6 +757,22 @@
         <source>OK</source>
         <translation>确定</translation>
     </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is too long.</source>
+        <translation>&amp;quot;%1&amp;quot; 太长。</translation>
+    </message>
+    <message>
+        <source>The editor opens up to %1 hours %2 minutes of sound.</source>
+        <translation>编辑器最多可打开 %1 小时 %2 分钟的声音。</translation>
+    </message>
+    <message>
+        <source>&amp;quot;%1&amp;quot; is not a file.</source>
+        <translation>&amp;quot;%1&amp;quot; 不是文件。</translation>
+    </message>
+    <message>
+        <source>Pipes and devices cannot be opened. Choose a song or a video.</source>
+        <translation>无法打开管道和设备。请选择一首歌曲或一段视频。</translation>
+    </message>
 </context>
 <context>
     <name>CUpdateOptionWidgetClass</name>

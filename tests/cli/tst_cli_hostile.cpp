@@ -310,6 +310,45 @@ private slots:
         QCOMPARE(twcli::leftoverWaves(), QStringList());
     }
 
+    void shouldReadAndWriteNamesThatAreNotUtf8()
+    {
+        // Latin-1 names, as another locale writes them: "café.mp3" and
+        // "réveil.m4r" in a folder "chansons é", with 0xE9 for the é.
+        QTemporaryDir folder;
+        QVERIFY(folder.isValid());
+        const QByteArray base = QFile::encodeName(folder.path());
+        const QByteArray song = base + "/caf\xe9.mp3";
+        const QByteArray ring = base + "/chansons \xe9/r\xe9veil.m4r";
+        QVERIFY(::link(QFile::encodeName(m_song).constData(), song.constData()) == 0);
+        const QByteArray before = tw::fileChecksum(m_song);
+        // The names reach the program byte for byte through the shell.
+        QProcess p;
+        p.setProcessChannelMode(QProcess::SeparateChannels);
+        p.start("/bin/sh", {"-c",
+                            "exec \"$0\" \"$1/$(printf 'caf\\351.mp3')\" -o \"$1/$(printf "
+                            "'chansons \\351/r\\351veil.m4r')\" --length 8 -q --add-to-library",
+                            twcli::program(), folder.path()});
+        QVERIFY(p.waitForFinished(120000));
+        const QByteArray out = p.readAllStandardOutput();
+        const QByteArray err = p.readAllStandardError();
+        QVERIFY2(p.exitCode() == kExitOk, err.constData());
+        struct stat written;
+        QVERIFY2(::stat(ring.constData(), &written) == 0 && written.st_size > 10000, out.constData());
+        QVERIFY2(out.startsWith(ring + ": 0:00.0 to 0:08.0"), out.constData());
+        // Its copy in the library shows what can be shown of its name.
+        QVERIFY(QFileInfo::exists(tw::testHome() + "/Music/Ringtones/r\uFFFDveil.m4r"));
+        QCOMPARE(tw::fileChecksum(m_song), before);
+        QCOMPARE(QDir(cacheDir()).entryList({".alias-*"}, QDir::AllEntries | QDir::Hidden),
+                 QStringList());
+
+        // A name that is not there is told as it was given.
+        p.start("/bin/sh", {"-c", "exec \"$0\" \"$1/$(printf 'absent\\351.mp3')\" -o x.m4r",
+                            twcli::program(), folder.path()});
+        QVERIFY(p.waitForFinished(120000));
+        QCOMPARE(p.exitCode(), int(kExitInputUnreadable));
+        QVERIFY(p.readAllStandardError().contains(base + "/absent\xe9.mp3: no such file"));
+    }
+
     void shouldBlameAHeaderWithoutChannels()
     {
         const QString wav = out("no channels.wav");

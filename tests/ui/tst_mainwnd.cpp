@@ -12,11 +12,13 @@
 #include "mainwndfixture.h"
 #include "mediafixtures.h"
 #include "modalanswer.h"
+#include "piperescue.h"
 #include "testenv.h"
 #include "tests/library/libraryfixture.h"
 #include "ui/tickerlabel.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -228,12 +230,33 @@ private slots:
             << second << "\"one second\" is too short.\nThe shortest ringtone is 5 seconds.";
         QTest::newRow("a video without sound")
             << tw::silentVideoFixture(2) << "\"silent 2s\" has no sound in it.";
+        const QString pipe = m_dir.filePath("pipe.mp3");
+        QFile::remove(pipe);
+        QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+        QTest::newRow("a named pipe") << pipe << "\"pipe\" is not a file.";
+        // Three and a half hours of silence in a sparse WAV.
+        const QString hours = m_dir.filePath("hours.wav");
+        QVERIFY(tw::writeWav(hours, 44100, 2, 16, 44100, [](qint64, int) { return 0; }));
+        QFile wav(hours);
+        const quint32 bytes = 44100u * 4 * 60 * 210;
+        QByteArray size;
+        for (int i = 0; i < 4; ++i)
+            size.append(char(bytes >> (8 * i) & 0xFF));
+        QVERIFY(wav.open(QIODevice::ReadWrite) && wav.seek(40) && wav.write(size) == 4 &&
+                wav.resize(44 + qint64(bytes)));
+        QTest::newRow("a 3.5-hour sound")
+            << hours << "\"hours\" is too long.\nThe editor opens up to 3 hours 18 minutes of sound.";
     }
 
     void shouldSayWhyAFileCannotBeUsed()
     {
         QFETCH(QString, file);
         QFETCH(QString, says);
+        // A pipe the window waited on would come free after ten seconds, and
+        // the test then fails.
+        std::unique_ptr<tw::PipeRescue> rescue;
+        if (QFileInfo(file).exists() && !QFileInfo(file).isFile())
+            rescue = std::make_unique<tw::PipeRescue>(file, 10000);
         tw::ModalAnswer answers;
         QString message;
         bool offersTryAgain = true;
@@ -250,6 +273,7 @@ private slots:
             only->click();
         });
         m_wnd->importWave(file);
+        QVERIFY2(!rescue || !rescue->finish(), "the window waited for a writer");
         QCOMPARE(answers.seen, QStringList({"CTryAgainDlg"}));
         QVERIFY2(message.startsWith(says), qPrintable(message));
         QVERIFY(!offersTryAgain); // trying again cannot help

@@ -246,13 +246,15 @@ void KeloSetLogEcho(int on);
 
 // --- temporary files -------------------------------------------------------
 // Files to remove should the process be interrupted: a conversion's
-// half-written file (the engine marks its own), a caller's staging file.
+// half-written file (the engine marks its own), a caller's staging file, a
+// folder that holds only marked files.
 // Up to 64 at a time; a mark beyond them, or of a path of PATH_MAX bytes or
 // more, is refused (-1) and the file then stays to a later clean-up.
 int KeloMarkTemporary(const char* path);
 void KeloUnmarkTemporary(const char* path);
-// Removes every marked file. Async-signal-safe (unlink(2) only): a SIGINT or
-// SIGTERM handler calls it before the process ends.
+// Removes every marked file, then every marked folder. Async-signal-safe
+// (unlink(2) and rmdir(2) only): a SIGINT or SIGTERM handler calls it
+// before the process ends.
 void KeloRemoveTemporaries(void);
 
 // --- problem reports ---------------------------------------------------------
