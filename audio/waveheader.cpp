@@ -3,6 +3,8 @@
 #include "audio/wavebuffers.h"
 #include "audio/wavepeaks.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
@@ -23,6 +25,11 @@ int loadWave(const char* path, tagWaveInfo* info, HeaderFormat* format)
 {
     if (!path || !info)
         return -4;
+    // Only regular files: reading a pipe waits for a writer, a device may
+    // never end.
+    struct stat st;
+    if (::stat(path, &st) != 0 || !S_ISREG(st.st_mode))
+        return -1;
     FILE* file = std::fopen(path, "r+b");
     if (!file)
         return -1;

@@ -107,8 +107,8 @@ void CBatchRun::startNext()
     // A child's arguments travel as UTF-8: an input whose name is not goes
     // by its alias, and its ringtone by the readable form of its name.
     auto alias = std::make_unique<CPathAlias>(m_items[index].input);
-    process->setArguments(childArguments(m_options, alias->path(),
-                                         localpath::readable(m_items[index].output)));
+    process->setArguments(
+        childArguments(m_options, alias->path(), localpath::readable(m_items[index].output)));
     m_aliases[index] = std::move(alias);
     connect(process, &QProcess::finished, this,
             [this, index, process] { finished(index, process); });

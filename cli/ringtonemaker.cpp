@@ -338,8 +338,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
     if (m_options.startAuto) {
         // The best proposal of the length asked for (--end does not go with it).
         const long long length = requestedEnd - start;
-        const std::vector<SpanProposal> proposals =
-            CSpanSuggest::analyseSource(m_source, length);
+        const std::vector<SpanProposal> proposals = CSpanSuggest::analyseSource(m_source, length);
         start = proposals.empty() ? 0 : proposals.front().beginMs;
         requestedEnd = start + length;
     }
@@ -418,8 +417,7 @@ int CRingtoneMaker::make(const QString& input, const QString& output,
 
     parts.wait.setPercentReport([&progress](int percent) { progress(50 + percent); });
     if (ringtone.exportTo(staging.fileName()) < 0) {
-        m_message =
-            QString("%1: the ringtone could not be encoded into %2").arg(input, folder);
+        m_message = QString("%1: the ringtone could not be encoded into %2").arg(input, folder);
         return kExitConversionFailed;
     }
     struct stat st;

@@ -44,11 +44,11 @@ public:
                            QString* message);
 
 private:
-    // Checks that the input (m_source; `input` names it in messages) is media with sound; `audioMs` gets the probe's
-    // length of its sound (0 when unknown). kExitOk or the code.
+    // Checks that the input (m_source; `input` names it in messages) is media with sound; `audioMs`
+    // gets the probe's length of its sound (0 when unknown). kExitOk or the code.
     int check(const QString& input, long long* audioMs);
-    // Decodes the input (m_source; `input` names it in messages) (from `fromMs` to `toMs`, or whole with 0..0) into the
-    // editor's temporary WAV, open in `playback`. kExitOk or the code.
+    // Decodes the input (m_source; `input` names it in messages) (from `fromMs` to `toMs`, or whole
+    // with 0..0) into the editor's temporary WAV, open in `playback`. kExitOk or the code.
     int decode(const QString& input, CWaveIo& io, CWavePlayback& playback, long long fromMs = 0,
                long long toMs = 0);
     // The span from `startMs` to `endMs` within an input of `durationMs`:

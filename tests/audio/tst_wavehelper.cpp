@@ -7,13 +7,19 @@
 
 #include <QFileInfo>
 #include <QObject>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <SDL.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
+#include <future>
+#include <memory>
+#include <thread>
 
 namespace {
 
@@ -49,6 +55,8 @@ private slots:
     void shouldRefuseSampleRatesOutsideItsRange_data();
     void shouldRefuseSampleRatesOutsideItsRange();
     void shouldCountOnlyTheDataTheFileHolds();
+    void shouldOpenAndCloseWhatNeverEndsWithinTheLimit_data();
+    void shouldOpenAndCloseWhatNeverEndsWithinTheLimit();
 
     void shouldBuildPeakTable_data();
     void shouldBuildPeakTable();
@@ -319,19 +327,63 @@ void TestWaveHelper::shouldRefuseSampleRatesOutsideItsRange()
     // Eleven times the rate in bytes: more than the least data it takes.
     const QString path = makeWav("rate.wav", rate, 2, 16, audiotest::noise(qint64(rate) * 11, 6));
     const QByteArray before = audiotest::readFile(path);
+    // Zeroed, not patterned: a record that did open must be safe to close.
     tagWaveInfo w;
-    std::memset(&w, 0x5A, sizeof w);
-    const tagWaveInfo untouched = w;
+    std::memset(&w, 0, sizeof w);
     const int rc = WaveHelperInit(path.toLocal8Bit().constData(), &w);
+    // Whatever the checks below say, an opened record is closed again.
+    const auto close = qScopeGuard([&w, rc] {
+        if (rc == 0)
+            WaveHelperUninit(&w);
+    });
     QCOMPARE(rc, result);
     if (result != 0) {
-        QVERIFY(std::memcmp(&w, &untouched, sizeof w) == 0); // record untouched
-        QCOMPARE(SDL_GetAudioStatus(), SDL_AUDIO_STOPPED);   // no device opened
+        QVERIFY(isZero(w));                                // record untouched
+        QCOMPARE(SDL_GetAudioStatus(), SDL_AUDIO_STOPPED); // no device opened
     } else {
         QCOMPARE(w.sampleRate, unsigned(rate));
-        QCOMPARE(WaveHelperUninit(&w), 0);
     }
     QCOMPARE(audiotest::readFile(path), before);
+}
+
+void TestWaveHelper::shouldOpenAndCloseWhatNeverEndsWithinTheLimit_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<int>("result");
+    const QString pipe = m_dir.filePath("pipe.wav");
+    QFile::remove(pipe);
+    QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+    QTest::newRow("a named pipe") << pipe << -1;
+    QTest::newRow("/dev/zero") << QString("/dev/zero") << -1;
+    QTest::newRow("a WAV at 1 Hz")
+        << makeWav("one hertz.wav", 1, 2, 16, audiotest::noise(400, 8)) << -5;
+}
+
+void TestWaveHelper::shouldOpenAndCloseWhatNeverEndsWithinTheLimit()
+{
+    QFETCH(QString, path);
+    QFETCH(int, result);
+    // On a thread of its own, so that a hang is a failure and not the end
+    // of the run; what it uses lives on the heap, for a thread that never
+    // comes back.
+    struct Attempt
+    {
+        QByteArray path;
+        tagWaveInfo w;
+        std::promise<int> done;
+    };
+    auto attempt = std::make_shared<Attempt>();
+    attempt->path = QFile::encodeName(path);
+    std::memset(&attempt->w, 0, sizeof attempt->w);
+    std::future<int> rc = attempt->done.get_future();
+    std::thread([attempt] {
+        const int opened = WaveHelperInit(attempt->path.constData(), &attempt->w);
+        WaveHelperUninit(&attempt->w);
+        attempt->done.set_value(opened);
+    }).detach();
+    QVERIFY2(rc.wait_for(std::chrono::seconds(10)) == std::future_status::ready,
+             "opening and closing took more than ten seconds");
+    QCOMPARE(rc.get(), result);
 }
 
 void TestWaveHelper::shouldCountOnlyTheDataTheFileHolds()

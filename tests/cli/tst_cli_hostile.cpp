@@ -333,7 +333,8 @@ private slots:
         const QByteArray err = p.readAllStandardError();
         QVERIFY2(p.exitCode() == kExitOk, err.constData());
         struct stat written;
-        QVERIFY2(::stat(ring.constData(), &written) == 0 && written.st_size > 10000, out.constData());
+        QVERIFY2(::stat(ring.constData(), &written) == 0 && written.st_size > 10000,
+                 out.constData());
         QVERIFY2(out.startsWith(ring + ": 0:00.0 to 0:08.0"), out.constData());
         // Its copy in the library shows what can be shown of its name.
         QVERIFY(QFileInfo::exists(tw::testHome() + "/Music/Ringtones/r\uFFFDveil.m4r"));

@@ -245,7 +245,8 @@ private slots:
         QVERIFY(wav.open(QIODevice::ReadWrite) && wav.seek(40) && wav.write(size) == 4 &&
                 wav.resize(44 + qint64(bytes)));
         QTest::newRow("a 3.5-hour sound")
-            << hours << "\"hours\" is too long.\nThe editor opens up to 3 hours 18 minutes of sound.";
+            << hours
+            << "\"hours\" is too long.\nThe editor opens up to 3 hours 18 minutes of sound.";
     }
 
     void shouldSayWhyAFileCannotBeUsed()
