@@ -10,6 +10,7 @@
 #include "testenv.h"
 #include "ui/mainwnd.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -211,6 +212,25 @@ private slots:
         QVERIFY(!QFile::exists(cacheDir() + "/b.m4r"));
         QVERIFY(QFile::exists(cacheDir() + "/c.wav"));
         QVERIFY2(QFile::exists(cacheDir() + "/sub/d.tmp"), "subdirectories are left alone");
+    }
+
+    void shouldDeleteHalfWrittenFilesAnInterruptedRunLeft()
+    {
+        QDir().mkpath(cacheDir());
+        const QString left = cacheDir() + "/.wave_101010101.tmp.d51aed202b-0.part";
+        const QString running = cacheDir() + "/.wave_202020202.tmp.aa-0.part";
+        touch(left);
+        touch(running);
+        QFile old(left);
+        QVERIFY(old.open(QIODevice::ReadWrite));
+        QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
+                                QFileDevice::FileModificationTime));
+        old.close();
+        QTest::ignoreMessage(QtDebugMsg, qPrintable("delete left-over file: " + left));
+        removeTempFiles();
+        QVERIFY(!QFile::exists(left));
+        // Written just now: a conversion of another run, still going.
+        QVERIFY(QFile::exists(running));
     }
 
     // --- crash flag --------------------------------------------------------

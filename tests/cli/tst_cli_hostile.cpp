@@ -257,6 +257,41 @@ private slots:
         QCOMPARE(tw::fileChecksum(wav), before);
     }
 
+    void shouldMakeARingtoneFromASourceLongerThanTheEditorsWave()
+    {
+        // Three and a half hours in a sparse WAV (its sound: silence, then a
+        // tone at 3:20:00): only the span is decoded, so no WAV of the whole
+        // is written, and nothing is refused for the length.
+        const QString wav = out("hours.wav");
+        QVERIFY(tw::writeWav(wav, 44100, 2, 16, 44100, [](qint64, int) { return 0; }));
+        const qint64 bytes = 44100LL * 4 * 60 * 210;
+        QFile file(wav);
+        QByteArray size;
+        for (int i = 0; i < 4; ++i)
+            size.append(char(quint32(bytes) >> (8 * i) & 0xFF));
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(40) && file.write(size) == 4 &&
+                file.resize(44 + bytes));
+        QByteArray tone;
+        for (int i = 0; i < 44100 * 40; ++i) {
+            const qint16 s = qint16(6000 * std::sin(2 * M_PI * 440 * i / 44100.0));
+            for (int c = 0; c < 2; ++c)
+                tone.append(char(s & 0xFF)).append(char(s >> 8 & 0xFF));
+        }
+        QVERIFY(file.seek(44 + 44100LL * 4 * 12000) && file.write(tone) == tone.size());
+        file.close();
+
+        const QString ring = out("hours.m4r");
+        const twcli::Run r = twcli::run({wav, "-o", ring, "--start", "3:20:05", "-q"});
+        QVERIFY2(r.code == kExitOk, qPrintable(twcli::describe(r)));
+        QVERIFY2(r.out.contains("3:20:05.0 to 3:20:35.0 (30.0 s)"), qPrintable(r.out));
+        const double seconds = twcli::probeDuration(ring);
+        QVERIFY2(std::fabs(seconds - 30.0) < 0.1, qPrintable(QString::number(seconds)));
+        // The tone, not the silence around it.
+        QVERIFY(twcli::rms(twcli::decodePcm(ring), 5000, 25000) > 1000.0);
+        QCOMPARE(twcli::leftoverWaves(), QStringList());
+        QVERIFY(QFile::remove(wav));
+    }
+
     void shouldSayThatAPathIsTooLong()
     {
         QString path = m_dir.path();
