@@ -28,6 +28,7 @@ private slots:
     void shouldFillARecordFromTheAgent();
     void shouldLeaveTheArtistAsItWasWhenTheAgentHasNone();
     void shouldLeaveTheRecordAloneWithoutAPlaylist();
+    void shouldReadEveryTitleOfAPlaylistThroughOneHandle();
     void shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen();
     void shouldGiveANullPictureAndCloseWhatItOpened();
     void shouldFillAPlaylistNodeWithCaptionPositionAndIcon();
@@ -181,6 +182,33 @@ void TestItunesWrap::shouldLeaveTheRecordAloneWithoutAPlaylist()
     QCOMPARE(ItunesAgentCallCount("ClosePlaylist"), 2ul);
     QCOMPARE(ItunesAgentCallCount("OpenPlaylist"), 1ul);
     QCOMPARE(ItunesAgentCallCount("GetSongInfo"), 0ul);
+}
+
+void TestItunesWrap::shouldReadEveryTitleOfAPlaylistThroughOneHandle()
+{
+    CItunesWraper* wrapper = CItunesWraper::instance();
+    const QVector<QString> titles = wrapper->getSongTitles(LT_LIBRARY, 0);
+    QCOMPARE(titles, QVector<QString>(
+                         {"Yesterday", "Something", "Beat It", "Here Comes the Sun", "No Artist"}));
+    // One playlist opened and closed, two reads a song.
+    QCOMPARE(ItunesAgentCallCount("OpenPlaylist"), 1ul);
+    QCOMPARE(ItunesAgentCallCount("ClosePlaylist"), 1ul);
+    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), 10ul);
+    // The same titles as the songs' records.
+    for (int song = 0; song < titles.size(); ++song) {
+        CRingToneNode node;
+        wrapper->getSongInfo(LT_LIBRARY, 0, song, &node);
+        QCOMPARE(titles[song], node.strTitle);
+    }
+    QCOMPARE(wrapper->getSongTitles(LT_PLAYLISTS, 0), QVector<QString>({"Beat It", "Yesterday"}));
+    QVERIFY(wrapper->getSongTitles(LT_PLAYLISTS, 1).isEmpty()); // "Empty"
+
+    // Nothing for a type without a collection (the agent is not asked) or a
+    // playlist that does not exist.
+    const unsigned long calls = ItunesAgentCallCount(nullptr);
+    QVERIFY(wrapper->getSongTitles(LT_ROOT, 0).isEmpty());
+    QCOMPARE(ItunesAgentCallCount(nullptr), calls);
+    QVERIFY(wrapper->getSongTitles(LT_LIBRARY, 99).isEmpty());
 }
 
 void TestItunesWrap::shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen()
