@@ -29,6 +29,7 @@ private slots:
     void shouldLeaveTheArtistAsItWasWhenTheAgentHasNone();
     void shouldLeaveTheRecordAloneWithoutAPlaylist();
     void shouldReadEveryTitleOfAPlaylistThroughOneHandle();
+    void shouldGiveNoPathForALocationWithANulByte();
     void shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen();
     void shouldGiveANullPictureAndCloseWhatItOpened();
     void shouldFillAPlaylistNodeWithCaptionPositionAndIcon();
@@ -209,6 +210,30 @@ void TestItunesWrap::shouldReadEveryTitleOfAPlaylistThroughOneHandle()
     QVERIFY(wrapper->getSongTitles(LT_ROOT, 0).isEmpty());
     QCOMPARE(ItunesAgentCallCount(nullptr), calls);
     QVERIFY(wrapper->getSongTitles(LT_LIBRARY, 99).isEmpty());
+}
+
+void TestItunesWrap::shouldGiveNoPathForALocationWithANulByte()
+{
+    // The library names "Yesterday.mp3%00.txt"; "Yesterday.mp3" exists, with
+    // a cover, and is what C strings would cut the name back to.
+    QList<fx::XmlTrack> tracks;
+    tracks << lib::track(1, "Cut Short", "Someone", "Somewhere", m_library.coveredSong + ".CUT");
+    QList<fx::XmlPlaylist> lists;
+    lists << lib::playlist("Music", 4, {1});
+    QByteArray xml = fx::libraryXml(QString(), tracks, lists);
+    xml.replace(".CUT<", "%00.txt<");
+    QVERIFY(xml.contains("Yesterday.mp3%00.txt</string>"));
+    const QString path = m_dir.filePath("cut short.xml");
+    QVERIFY(fx::writeFile(path, xml));
+    fx::useXmlLibrary(path);
+
+    // The song is listed, with no file to open and no picture.
+    CRingToneNode node;
+    CItunesWraper::instance()->getSongInfo(LT_LIBRARY, 0, 0, &node);
+    QCOMPARE(node.strTitle, QString("Cut Short"));
+    QCOMPARE(node.strPath, QString());
+    QVERIFY(CItunesWraper::instance()->getAlbumPic(LT_LIBRARY, 0, 0).isNull());
+    QCOMPARE(ItunesAgentCallCount("GetArtworkCount"), 0ul);
 }
 
 void TestItunesWrap::shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen()
