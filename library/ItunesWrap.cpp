@@ -12,6 +12,7 @@
 #include <cstring>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -49,6 +50,25 @@ QString twoPassText(const std::function<int(char*, int)>& get)
 QString songText(const char* buffer, int32_t size)
 {
     return QString::fromLocal8Bit(buffer, static_cast<qsizetype>(qstrnlen(buffer, size)));
+}
+
+// The title of one song in two passes, into a buffer kept for the next song.
+QString readTitle(const void* playlist, int song, std::vector<char>& buffer)
+{
+    tagSongInfo info;
+    std::memset(&info, 0, sizeof info);
+    GetSongInfo(playlist, song, &info);
+    if (info.nTitleSize <= 0)
+        return QString();
+    const auto size = static_cast<size_t>(info.nTitleSize);
+    if (buffer.size() < size)
+        buffer.resize(size);
+    std::memset(&info, 0, sizeof info);
+    info.pszTitle = buffer.data();
+    info.nTitleSize = static_cast<int32_t>(size);
+    buffer[0] = '\0';
+    GetSongInfo(playlist, song, &info);
+    return songText(info.pszTitle, info.nTitleSize);
 }
 
 // One song in two passes: sizes first, then the texts into buffers of
@@ -165,6 +185,25 @@ void CItunesWraper::getSongInfo(tagLibraryType type, int playlist, int song, CRi
     }
     readSong(handle, song, pNode);
     ClosePlaylist(handle);
+}
+
+QVector<QString> CItunesWraper::getSongTitles(tagLibraryType type, int playlist)
+{
+    QVector<QString> titles;
+    const int collection = collectionOf(type);
+    if (collection < 0)
+        return titles;
+    void* handle = OpenPlaylist(collection, playlist);
+    if (!handle)
+        return titles;
+    const int count = GetSongCount(handle);
+    if (count > 0)
+        titles.reserve(count);
+    std::vector<char> buffer;
+    for (int song = 0; song < count; ++song)
+        titles.append(readTitle(handle, song, buffer));
+    ClosePlaylist(handle);
+    return titles;
 }
 
 QPixmap CItunesWraper::getAlbumPic(tagLibraryType type, int playlist, int song)

@@ -12,6 +12,7 @@
 #include <QMap>
 #include <QPixmap>
 #include <QString>
+#include <QVector>
 
 class CRingToneNode;
 class CLibraryNode;
@@ -28,6 +29,11 @@ public:
     // Sets title, artist, path and album (each only when the agent has it)
     // and the video flag; artwork and the local-file flag are left alone.
     void getSongInfo(tagLibraryType type, int playlist, int song, CRingToneNode* pNode);
+    // The title of every song of a playlist, each as getSongInfo gives it (a
+    // song the agent refuses has an empty one), read through one handle:
+    // two agent calls a song. Empty for a type without an agent collection
+    // or a playlist that cannot be opened.
+    QVector<QString> getSongTitles(tagLibraryType type, int playlist);
     // Null when the song has no artwork.
     QPixmap getAlbumPic(tagLibraryType type, int playlist, int song);
     // 0 filled (icon set, or null when the playlist could not be opened),

@@ -6,8 +6,8 @@
 #include <QSize>
 
 CRingToneModel::CRingToneModel(QObject* parent)
-    : QAbstractTableModel(parent), m_type(LT_ROOT), m_position(0), m_musicIcon(":/li/f_music"),
-      m_videoIcon(":/li/f_video")
+    : QAbstractTableModel(parent), m_type(LT_ROOT), m_position(0), m_songCount(0),
+      m_musicIcon(":/li/f_music"), m_videoIcon(":/li/f_video")
 {
 }
 
@@ -26,10 +26,10 @@ bool CRingToneModel::putOffWhileLoading(std::function<void()> request)
     return true;
 }
 
-int CRingToneModel::songCount() const
+void CRingToneModel::forgetSongs()
 {
-    const int count = CItunesWraper::instance()->getSongCount(m_type, m_position);
-    return count > 0 ? count : 0;
+    m_songCount = 0;
+    m_titles.clear();
 }
 
 int CRingToneModel::columnCount(const QModelIndex&) const
@@ -41,7 +41,7 @@ int CRingToneModel::rowCount(const QModelIndex& parent) const
 {
     if (parent.isValid())
         return 0;
-    return songCount() + static_cast<int>(m_nodes.size());
+    return m_songCount + static_cast<int>(m_nodes.size());
 }
 
 QVariant CRingToneModel::data(const QModelIndex& index, int role) const
@@ -67,9 +67,14 @@ void CRingToneModel::load(tagLibraryType type, int position)
     clearRingTone();
     m_type = type;
     m_position = position;
-    const int count = CItunesWraper::instance()->getSongCount(type, position);
+    forgetSongs();
+    CItunesWraper* wrapper = CItunesWraper::instance();
+    const int count = wrapper->getSongCount(type, position);
     if (count < 0)
         return;
+    // Counted before the insertion is announced, as the rows always were.
+    m_songCount = count;
+    m_titles.assign(wrapper->getSongTitles(type, position));
     // Announced even for an empty playlist (rows 0 .. -1).
     beginInsertRows(QModelIndex(), 0, count - 1);
     endInsertRows();
@@ -87,7 +92,7 @@ bool CRingToneModel::addRingTone(const CRingToneNode& node)
 
 void CRingToneModel::clearRingTone()
 {
-    const int total = songCount() + static_cast<int>(m_nodes.size());
+    const int total = m_songCount + static_cast<int>(m_nodes.size());
     // One row past the last is announced on purpose: the removal has always
     // named the count itself as its last row. Proxies and views clamp it.
     beginRemoveRows(QModelIndex(), 0, total);
@@ -104,6 +109,7 @@ void CRingToneModel::Search(QString text, FilterType type)
     // From here on the agent contributes no rows: every row is an owned hit.
     m_type = LT_SEARCH;
     m_position = -1;
+    forgetSongs();
     CItunesWraper::instance()->SearchSong(text, type, this);
 }
 
@@ -118,4 +124,23 @@ CRingToneNode CRingToneModel::nodeFromIndex(const QModelIndex& index) const
     else
         node = *m_nodes.at(index.row());
     return node;
+}
+
+const QString& CRingToneModel::title(int row) const
+{
+    static const QString none;
+    const int owned = static_cast<int>(m_nodes.size());
+    if (row < 0 || row >= owned + m_titles.size())
+        return none;
+    return row < owned ? m_nodes.at(row)->strTitle : m_titles.title(row - owned);
+}
+
+int CRingToneModel::compareTitles(int left, int right, Qt::CaseSensitivity cs) const
+{
+    const int owned = static_cast<int>(m_nodes.size());
+    const int songs = m_titles.size();
+    if (cs == Qt::CaseInsensitive && left >= owned && right >= owned && left < owned + songs &&
+        right < owned + songs)
+        return m_titles.compareCaseInsensitive(left - owned, right - owned);
+    return QString::compare(title(left), title(right), cs);
 }

@@ -6,6 +6,8 @@
 CRingToneSortProxyModel::CRingToneSortProxyModel(QObject* parent)
     : QSortFilterProxyModel(parent), type(FT_ALL)
 {
+    connect(this, &QAbstractProxyModel::sourceModelChanged, this,
+            [this] { m_songs = qobject_cast<const CRingToneModel*>(sourceModel()); });
 }
 
 void CRingToneSortProxyModel::filter(QString filterText, FilterType filterType)
@@ -35,7 +37,7 @@ bool CRingToneSortProxyModel::filterAcceptsRow(int source_row,
     // No record is built while there is nothing to filter by.
     if (strFilter.isEmpty())
         return true;
-    const auto* songs = qobject_cast<const CRingToneModel*>(sourceModel());
+    const CRingToneModel* songs = m_songs;
     if (!songs)
         return true;
     const CRingToneNode node = songs->nodeFromIndex(songs->index(source_row, 0, source_parent));
@@ -47,5 +49,15 @@ bool CRingToneSortProxyModel::filterAcceptsRow(int source_row,
 bool CRingToneSortProxyModel::lessThan(const QModelIndex& source_left,
                                        const QModelIndex& source_right) const
 {
-    return QSortFilterProxyModel::lessThan(source_left, source_right);
+    // The shown text of a song list row is its title: compared here as the
+    // base class compares two texts, without building the rows' records.
+    const CRingToneModel* songs = m_songs;
+    if (!songs || sortRole() != Qt::DisplayRole || !source_left.isValid() ||
+        !source_right.isValid())
+        return QSortFilterProxyModel::lessThan(source_left, source_right);
+    const int left = source_left.row();
+    const int right = source_right.row();
+    if (isSortLocaleAware())
+        return songs->title(left).localeAwareCompare(songs->title(right)) < 0;
+    return songs->compareTitles(left, right, sortCaseSensitivity()) < 0;
 }

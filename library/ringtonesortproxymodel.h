@@ -2,13 +2,17 @@
 // Sits between the song list model and its view and hides the rows whose
 // record does not contain the filter text (case-insensitively) in the chosen
 // field. Its source is a CRingToneModel; testing an agent row asks the agent
-// for that row. GUI thread only; owns nothing.
+// for that row. Sorting by the shown text compares the titles the model
+// keeps, the way QSortFilterProxyModel compares the shown texts, so that a
+// sort never asks the agent. GUI thread only; owns nothing.
 
 #include "library/librarytypes.h"
 
+#include <QPointer>
 #include <QSortFilterProxyModel>
 #include <QString>
 
+class CRingToneModel;
 class CRingToneNode;
 
 class CRingToneSortProxyModel : public QSortFilterProxyModel
@@ -31,4 +35,7 @@ private:
 
     QString strFilter;
     FilterType type;
+    // The source as a song list, or null for any other source; set when the
+    // source is, so that no comparison has to cast it.
+    QPointer<const CRingToneModel> m_songs;
 };

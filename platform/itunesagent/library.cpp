@@ -138,7 +138,7 @@ static bool startsWithNoCase(std::string_view s, std::string_view prefix)
     return true;
 }
 
-std::string pathFromFileUrl(std::string_view url)
+static std::string decodeFileUrl(std::string_view url)
 {
     if (!startsWithNoCase(url, "file://"))
         return std::string(url);
@@ -154,6 +154,14 @@ std::string pathFromFileUrl(std::string_view url)
         path.erase(0, 1);
     if (!host.empty() && !(host.size() == 9 && startsWithNoCase(host, "localhost")))
         return "//" + percentDecode(host) + path;
+    return path;
+}
+
+std::string pathFromFileUrl(std::string_view url)
+{
+    std::string path = decodeFileUrl(url);
+    if (path.find('\0') != std::string::npos)
+        return std::string();
     return path;
 }
 

@@ -81,7 +81,8 @@ std::string foldCase(std::string_view utf8);
 std::string baseTitle(std::string_view path);
 // "file://localhost/a%20b" and "file:///a%20b" give "/a b"; a Windows drive
 // keeps its letter ("file://localhost/C:/x" gives "C:/x"). Other texts come
-// back unchanged.
+// back unchanged. A path that would hold a NUL byte ("%00") gives "": the
+// file APIs would end it at that byte and so open another file.
 std::string pathFromFileUrl(std::string_view url);
 // "%41" -> "A"; a malformed escape stays as it is.
 std::string percentDecode(std::string_view s);

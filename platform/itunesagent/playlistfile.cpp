@@ -37,7 +37,7 @@ std::string toStd(const QString& s)
 }
 
 // An entry as written in the playlist, made an absolute path; empty for a
-// stream or anything that is not a local file.
+// stream, anything that is not a local file, or a path with a NUL in it.
 QString resolveEntry(QString entry, const QDir& base)
 {
     entry = entry.trimmed();
@@ -45,12 +45,17 @@ QString resolveEntry(QString entry, const QDir& base)
         return QString();
     if (entry.startsWith(QLatin1String("file:"), Qt::CaseInsensitive)) {
         const QByteArray raw = entry.toUtf8();
-        entry = QString::fromUtf8(
-            pathFromFileUrl(std::string_view(raw.constData(), static_cast<size_t>(raw.size())))
-                .c_str());
+        const std::string path =
+            pathFromFileUrl(std::string_view(raw.constData(), static_cast<size_t>(raw.size())));
+        entry = QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size()));
+        if (entry.isEmpty())
+            return QString();
     } else if (entry.contains(QLatin1String("://"))) {
         return QString();
     }
+    // A NUL would end the path there for the file APIs, naming another file.
+    if (entry.contains(QChar(u'\0')))
+        return QString();
     entry.replace(QLatin1Char('\\'), QLatin1Char('/'));
     if (QDir::isRelativePath(entry))
         entry = base.filePath(entry);

@@ -81,6 +81,7 @@ private:
     std::vector<RawPlaylist> m_raw;
     std::unordered_map<std::string, std::vector<size_t>> m_children;
     bool m_haveTracks = false;
+    size_t m_refusedLocations = 0;
 
     // Reused for every track, so their buffers are allocated once.
     std::string m_name, m_artist, m_album, m_location;
@@ -197,6 +198,10 @@ bool XmlLibraryReader::readTrack(std::string_view trackKey)
             if (!want(f, Type::String, key))
                 return false;
             m_location = pathFromFileUrl(f.text);
+            // A location that gives no path (one with a NUL byte) leaves the
+            // track without a file, as if it named none.
+            if (m_location.empty() && !f.text.empty())
+                ++m_refusedLocations;
         } else if (key == "Has Video" || key == "Movie" || key == "TV Show" ||
                    key == "Music Video") {
             if (!readBool(f, key, flag))
@@ -372,6 +377,10 @@ void XmlLibraryReader::build()
     }
     if (unknown)
         logLine("library file: %zu playlist items name no known track; left out", unknown);
+    if (m_refusedLocations)
+        logLine("library file: %zu track locations name no usable path; those tracks have no "
+                "file",
+                m_refusedLocations);
 }
 
 } // namespace

@@ -37,6 +37,7 @@ private slots:
     void shouldListPlaylistFilesOfEachKind_data();
     void shouldListPlaylistFilesOfEachKind();
     void shouldSkipAnUnreadablePlaylistWithALogLine();
+    void shouldLeaveOutPlaylistEntriesWithANulByte();
     void shouldListTheRingtonesFolder();
     void shouldFillSizesFirstAndTextsSecond();
     void shouldRefuseClosedAndMadeUpHandles();
@@ -332,6 +333,47 @@ void TestItunesAgentFolder::shouldSkipAnUnreadablePlaylistWithALogLine()
     ItunesAgentLoad();
     QVERIFY2(fx::loggedLine("skipping unreadable playlist: " + m_music + "/Playlists/bad.xspf"),
              qPrintable(fx::agentLines().join('\n')));
+}
+
+void TestItunesAgentFolder::shouldLeaveOutPlaylistEntriesWithANulByte()
+{
+    // Each entry names "Yesterday.mp3", a NUL and more, which C strings
+    // would cut back to the song: as a file URL ("%00"), as a path holding a
+    // NUL byte, and as a relative XSPF location ("%00").
+    const QString yesterday = m_music + "/Beatles/Yesterday.mp3";
+    const QString m3u = m_music + "/Playlists/Cut Short.m3u";
+    const QString xspf = m_music + "/Playlists/Cut Short Too.xspf";
+    struct Removed
+    {
+        QStringList files;
+        ~Removed()
+        {
+            for (const QString& file : files)
+                QFile::remove(file);
+        }
+    } removed{{m3u, xspf}};
+    QVERIFY(fx::writeFile(m3u, "file://" + QUrl::toPercentEncoding(yesterday, "/") + "%00.txt\n" +
+                                   yesterday.toUtf8() + '\0' + ".mp3\n../Classical/Canon.flac\n"));
+    QVERIFY(fx::writeFile(xspf,
+                          "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                          "<playlist version=\"1\" xmlns=\"http://xspf.org/ns/0/\">\n"
+                          "<trackList>\n"
+                          "<track><location>../Beatles/Yesterday.mp3%00.mp3</location></track>\n"
+                          "<track><location>../Ogg/Tune.ogg</location></track>\n"
+                          "</trackList>\n</playlist>\n"));
+    fx::useFolderLibrary();
+
+    // Only the entries that name a file are listed, and the song is not
+    // added again under the longer name.
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS,
+                          fx::findPlaylist(ITA_COLLECTION_PLAYLISTS, "Cut Short")),
+             QStringList({"Canon in D"}));
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS,
+                          fx::findPlaylist(ITA_COLLECTION_PLAYLISTS, "Cut Short Too")),
+             QStringList({"Tune"}));
+    QCOMPARE(fx::titlesOf(ITA_COLLECTION_LIBRARY, 0),
+             QStringList({"Yesterday", QString::fromUtf8("Jóga"), "Canon in D", "Tune",
+                          "Untagged Take", "Talk", "Extra Song"}));
 }
 
 void TestItunesAgentFolder::shouldListTheRingtonesFolder()

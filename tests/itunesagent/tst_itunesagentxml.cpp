@@ -44,6 +44,7 @@ private slots:
     void shouldKeepOnlyTheNewestArtworkHandles();
     void shouldCountCallsAndForgetEverythingOnReset();
     void shouldReadEveryKindOfPlaylistWithWindowsLocations();
+    void shouldGiveNoFileForALocationWithANulByte();
     void shouldReadTheRealMacLibrary();
     void shouldReadTheRealWindowsLibrary();
     void shouldFindTheLibraryFileUnderTheMusicFolder_data();
@@ -541,6 +542,60 @@ void TestItunesAgentXml::shouldReadEveryKindOfPlaylistWithWindowsLocations()
     // A folder lists the songs of the playlists inside it.
     QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 3), QStringList({"Tide & Stone"}));
     QCOMPARE(fx::titlesOf(ITA_COLLECTION_PLAYLISTS, 4), QStringList({"Tide & Stone"}));
+}
+
+void TestItunesAgentXml::shouldGiveNoFileForALocationWithANulByte()
+{
+    // "a.mp3" exists, with a cover; the library names "a.mp3%00.txt", which
+    // C strings would cut back to "a.mp3". Its music folder names
+    // "media%00x", cut back to "media", which holds the folder ringtones
+    // would go to.
+    const QString real = m_dir.filePath("nul/a.mp3");
+    QVERIFY(fx::makeAudio(real, {"-c:a", "libmp3lame", "-b:a", "64k"}));
+    QVERIFY(fx::addPicture(real, m_cover, "image/jpeg"));
+    const QString media = m_dir.filePath("nul/media");
+    QVERIFY(QDir().mkpath(media + "/Automatically Add to iTunes"));
+    fx::XmlTrack named;
+    named.id = 1;
+    named.name = "Real";
+    named.path = real;
+    fx::XmlTrack hostile = named;
+    hostile.id = 2;
+    hostile.name = "Hostile";
+    hostile.path = real + ".HOSTILE";
+    fx::XmlPlaylist music;
+    music.name = "Music";
+    music.kind = ITA_KIND_MUSIC;
+    music.items = {1, 2};
+    QByteArray xml = fx::libraryXml(media + ".HOSTILE", {named, hostile}, {music});
+    xml.replace(".HOSTILE/", "%00x/").replace(".HOSTILE<", "%00.txt<");
+    QVERIFY(xml.contains("a.mp3%00.txt</string>"));
+    QVERIFY(xml.contains("media%00x/</string>"));
+    fx::useXmlLibrary(writeLibrary("nul.xml", xml));
+
+    // The track stays, with no file: no location, and no artwork read from
+    // anywhere. The other track names the same file and gets it.
+    const QList<fx::Song> songs = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    QCOMPARE(songs.size(), 2);
+    QCOMPARE(songs[0].location, real);
+    QCOMPARE(songs[1].title, QString("Hostile"));
+    QCOMPARE(songs[1].location, QString());
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    tagSongInfo info = {};
+    QCOMPARE(GetSongInfo(h, 1, &info), int(ITA_OK));
+    QCOMPARE(info.nLocationSize, 0);
+    QCOMPARE(OpenArtwork(h, 1), nullptr);
+    QCOMPARE(fx::artworkOf(h, 0), QList<QByteArray>({m_cover}));
+    ClosePlaylist(h);
+    QVERIFY2(fx::loggedLine("library file: 1 track locations name no usable path"),
+             qPrintable(fx::agentLines().join('\n')));
+
+    // Ringtones do not go under the cut-back music folder.
+    char dir[1024];
+    QVERIFY(ItunesAgentGetRingtoneDir(dir, sizeof dir) > 0);
+    QCOMPARE(QString::fromUtf8(dir),
+             QStandardPaths::writableLocation(QStandardPaths::MusicLocation) + "/Ringtones");
 }
 
 void TestItunesAgentXml::shouldReadTheRealMacLibrary()

@@ -6,6 +6,7 @@
 // Collection 0: Music (4), Movies (2), Odd Kind (7, no icon), Ringtones (55,
 // added by the agent). Collection 2: Road Trip, Empty.
 // Music: Yesterday, Something, Beat It, Here Comes the Sun, No Artist.
+// musicLibraryXml() writes a large generated library besides.
 
 #include "tests/itunesagent/agentfixtures.h"
 
@@ -76,6 +77,41 @@ inline Library makeLibrary(const QTemporaryDir& dir)
     fx::writeFile(lib.xml, fx::libraryXml(media, tracks, lists));
     fx::useXmlLibrary(lib.xml);
     return lib;
+}
+
+// The title of song `track` (1 .. tracks) of musicLibraryXml(tracks): the
+// songs come in no order, titles in ten words of mixed case (some of them
+// beyond ASCII), and titles that differ only in case share a number.
+inline QString musicTitle(int track, int tracks)
+{
+    static const char* const kWords[] = {"love", "LOVE",  "Night", "river", "RIVER",
+                                         "blue", "Ärger", "ärger", "Zoë",   "home"};
+    // 7919 is prime and no count used here is a multiple of it: every track
+    // gets its own n.
+    const long long n = track * 7919LL % tracks;
+    return QString::fromUtf8(kWords[n % 10]) + ' ' + QString::number(n / 10);
+}
+
+// A lean library of `tracks` songs (a number and a name each), all of them in
+// "Music" in track order.
+inline QByteArray musicLibraryXml(int tracks)
+{
+    QByteArray x;
+    x.reserve(tracks * 150 + 1024);
+    x += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n"
+         "<key>Tracks</key>\n<dict>\n";
+    for (int i = 1; i <= tracks; ++i) {
+        const QByteArray id = QByteArray::number(i);
+        x += "<key>" + id + "</key><dict><key>Track ID</key><integer>" + id +
+             "</integer><key>Name</key><string>" + musicTitle(i, tracks).toUtf8() +
+             "</string></dict>\n";
+    }
+    x += "</dict>\n<key>Playlists</key>\n<array>\n<dict><key>Name</key><string>Music</string>"
+         "<key>Distinguished Kind</key><integer>4</integer>\n<key>Playlist Items</key>\n<array>\n";
+    for (int i = 1; i <= tracks; ++i)
+        x += "<dict><key>Track ID</key><integer>" + QByteArray::number(i) + "</integer></dict>\n";
+    x += "</array>\n</dict>\n</array>\n</dict>\n</plist>\n";
+    return x;
 }
 
 // Collects the model tester's complaints while it is installed.

@@ -28,6 +28,8 @@ private slots:
     void shouldFillARecordFromTheAgent();
     void shouldLeaveTheArtistAsItWasWhenTheAgentHasNone();
     void shouldLeaveTheRecordAloneWithoutAPlaylist();
+    void shouldReadEveryTitleOfAPlaylistThroughOneHandle();
+    void shouldGiveNoPathForALocationWithANulByte();
     void shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen();
     void shouldGiveANullPictureAndCloseWhatItOpened();
     void shouldFillAPlaylistNodeWithCaptionPositionAndIcon();
@@ -181,6 +183,57 @@ void TestItunesWrap::shouldLeaveTheRecordAloneWithoutAPlaylist()
     QCOMPARE(ItunesAgentCallCount("ClosePlaylist"), 2ul);
     QCOMPARE(ItunesAgentCallCount("OpenPlaylist"), 1ul);
     QCOMPARE(ItunesAgentCallCount("GetSongInfo"), 0ul);
+}
+
+void TestItunesWrap::shouldReadEveryTitleOfAPlaylistThroughOneHandle()
+{
+    CItunesWraper* wrapper = CItunesWraper::instance();
+    const QVector<QString> titles = wrapper->getSongTitles(LT_LIBRARY, 0);
+    QCOMPARE(titles, QVector<QString>(
+                         {"Yesterday", "Something", "Beat It", "Here Comes the Sun", "No Artist"}));
+    // One playlist opened and closed, two reads a song.
+    QCOMPARE(ItunesAgentCallCount("OpenPlaylist"), 1ul);
+    QCOMPARE(ItunesAgentCallCount("ClosePlaylist"), 1ul);
+    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), 10ul);
+    // The same titles as the songs' records.
+    for (int song = 0; song < titles.size(); ++song) {
+        CRingToneNode node;
+        wrapper->getSongInfo(LT_LIBRARY, 0, song, &node);
+        QCOMPARE(titles[song], node.strTitle);
+    }
+    QCOMPARE(wrapper->getSongTitles(LT_PLAYLISTS, 0), QVector<QString>({"Beat It", "Yesterday"}));
+    QVERIFY(wrapper->getSongTitles(LT_PLAYLISTS, 1).isEmpty()); // "Empty"
+
+    // Nothing for a type without a collection (the agent is not asked) or a
+    // playlist that does not exist.
+    const unsigned long calls = ItunesAgentCallCount(nullptr);
+    QVERIFY(wrapper->getSongTitles(LT_ROOT, 0).isEmpty());
+    QCOMPARE(ItunesAgentCallCount(nullptr), calls);
+    QVERIFY(wrapper->getSongTitles(LT_LIBRARY, 99).isEmpty());
+}
+
+void TestItunesWrap::shouldGiveNoPathForALocationWithANulByte()
+{
+    // The library names "Yesterday.mp3%00.txt"; "Yesterday.mp3" exists, with
+    // a cover, and is what C strings would cut the name back to.
+    QList<fx::XmlTrack> tracks;
+    tracks << lib::track(1, "Cut Short", "Someone", "Somewhere", m_library.coveredSong + ".CUT");
+    QList<fx::XmlPlaylist> lists;
+    lists << lib::playlist("Music", 4, {1});
+    QByteArray xml = fx::libraryXml(QString(), tracks, lists);
+    xml.replace(".CUT<", "%00.txt<");
+    QVERIFY(xml.contains("Yesterday.mp3%00.txt</string>"));
+    const QString path = m_dir.filePath("cut short.xml");
+    QVERIFY(fx::writeFile(path, xml));
+    fx::useXmlLibrary(path);
+
+    // The song is listed, with no file to open and no picture.
+    CRingToneNode node;
+    CItunesWraper::instance()->getSongInfo(LT_LIBRARY, 0, 0, &node);
+    QCOMPARE(node.strTitle, QString("Cut Short"));
+    QCOMPARE(node.strPath, QString());
+    QVERIFY(CItunesWraper::instance()->getAlbumPic(LT_LIBRARY, 0, 0).isNull());
+    QCOMPARE(ItunesAgentCallCount("GetArtworkCount"), 0ul);
 }
 
 void TestItunesWrap::shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen()

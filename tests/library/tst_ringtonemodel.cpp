@@ -63,6 +63,7 @@ private slots:
     void shouldListSearchHitsInTheAgentsOrder();
     void shouldReplaceSearchHitsOnTheNextLoad();
     void shouldGiveRecordsByIndex();
+    void shouldGiveTheTitlesItShowsWithoutAskingTheAgent();
     void shouldKeepProxyAndViewConsistent();
 
 private:
@@ -298,6 +299,43 @@ void TestRingToneModel::shouldGiveRecordsByIndex()
     QCOMPARE(song.strPath, m_library.coveredSong);
     QCOMPARE(song.bLocalFile, 0);
     QVERIFY(song.pixAlbum.isNull()); // playlist rows carry no artwork
+}
+
+void TestRingToneModel::shouldGiveTheTitlesItShowsWithoutAskingTheAgent()
+{
+    CRingToneModel model;
+    model.load(LT_LIBRARY, 0);
+    model.addRingTone(record("beat it"));
+    model.addRingTone(record(QString::fromUtf8("Ärger")));
+    QStringList shown;
+    for (int row = 0; row < model.rowCount(); ++row)
+        shown << model.data(model.index(row, 0)).toString();
+
+    const unsigned long before = ItunesAgentCallCount(nullptr);
+    QStringList titles;
+    for (int row = 0; row < model.rowCount(); ++row)
+        titles << model.title(row);
+    QCOMPARE(titles, shown);
+    QVERIFY(model.title(-1).isEmpty());
+    QVERIFY(model.title(model.rowCount()).isEmpty());
+    // Compared as QString compares the shown titles, owned rows or songs.
+    for (int a = 0; a < shown.size(); ++a) {
+        for (int b = 0; b < shown.size(); ++b) {
+            for (const Qt::CaseSensitivity cs : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
+                const int expected = QString::compare(shown[a], shown[b], cs);
+                const int actual = model.compareTitles(a, b, cs);
+                QCOMPARE(actual < 0, expected < 0);
+                QCOMPARE(actual == 0, expected == 0);
+            }
+        }
+    }
+    QCOMPARE(ItunesAgentCallCount(nullptr), before);
+
+    // A search's hits are owned records; the playlist's titles are gone.
+    model.Search("abbey", FT_ALBUM);
+    QCOMPARE(model.title(0), QString("Something"));
+    QCOMPARE(model.title(1), QString("Here Comes the Sun"));
+    QVERIFY(model.title(2).isEmpty());
 }
 
 void TestRingToneModel::shouldKeepProxyAndViewConsistent()
