@@ -301,6 +301,7 @@ void benchClick(const QString& dir)
         QListView view;
         view.setModel(&proxy);
         view.setResizeMode(QListView::Fixed);
+        view.setUniformItemSizes(true);
         view.resize(300, 400);
         view.show();
         view.grab();

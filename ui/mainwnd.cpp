@@ -154,6 +154,9 @@ QWidget* CMainWnd::createITunesWidget()
     m_songList->setObjectName("ringtongList");
     m_songList->setModel(m_proxy);
     m_songList->setResizeMode(QListView::Fixed);
+    // Every row is as tall as the model says (one size for all): laid out
+    // without asking each of a large playlist's rows.
+    m_songList->setUniformItemSizes(true);
     m_songList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_songList->setFocusPolicy(Qt::NoFocus);
     connect(m_songList, &QListView::clicked, this, &CMainWnd::on_inportFromITunes);
