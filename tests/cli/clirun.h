@@ -30,14 +30,15 @@ inline QString program()
                                 : configured;
 }
 
-inline Run run(const QStringList& args, const QString& workDir = QString())
+// A run that has not ended after `limitMs` is killed: code -1, "did not finish".
+inline Run run(const QStringList& args, const QString& workDir = QString(), int limitMs = 240000)
 {
     QProcess p;
     if (!workDir.isEmpty())
         p.setWorkingDirectory(workDir);
     p.start(program(), args);
     Run r;
-    if (!p.waitForFinished(240000)) {
+    if (!p.waitForFinished(limitMs)) {
         p.kill();
         p.waitForFinished();
         r.err = "did not finish";

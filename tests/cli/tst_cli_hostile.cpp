@@ -31,22 +31,9 @@ QString cacheDir()
     return tw::testHome() + "/.cache/vandrel/tonewright";
 }
 
-// A run cut off at kLimitMs: code -1 and "did not finish" when it was.
 twcli::Run runLimited(const QStringList& args)
 {
-    QProcess p;
-    p.start(twcli::program(), args);
-    twcli::Run r;
-    if (!p.waitForFinished(kLimitMs)) {
-        p.kill();
-        p.waitForFinished();
-        r.err = "did not finish within the limit";
-        return r;
-    }
-    r.code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    r.out = QString::fromLocal8Bit(p.readAllStandardOutput());
-    r.err = QString::fromLocal8Bit(p.readAllStandardError());
-    return r;
+    return twcli::run(args, QString(), kLimitMs);
 }
 
 // A canonical WAV of a 440 Hz tone whose header says `claimedSeconds`
