@@ -219,18 +219,24 @@ private slots:
         QDir().mkpath(cacheDir());
         const QString left = cacheDir() + "/.wave_101010101.tmp.d51aed202b-0.part";
         const QString running = cacheDir() + "/.wave_202020202.tmp.aa-0.part";
-        touch(left);
-        touch(running);
-        QFile old(left);
-        QVERIFY(old.open(QIODevice::ReadWrite));
-        QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
-                                QFileDevice::FileModificationTime));
-        old.close();
+        // Hidden files of the user's own, as old: names these programs never make.
+        const QStringList others{cacheDir() + "/.notes.part", cacheDir() + "/.tonewright-mine.txt"};
+        for (const QString& path : QStringList{left, running} + others) {
+            touch(path);
+            if (path == running)
+                continue;
+            QFile old(path);
+            QVERIFY(old.open(QIODevice::ReadWrite));
+            QVERIFY(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
+                                    QFileDevice::FileModificationTime));
+        }
         QTest::ignoreMessage(QtDebugMsg, qPrintable("delete left-over file: " + left));
         removeTempFiles();
         QVERIFY(!QFile::exists(left));
         // Written just now: a conversion of another run, still going.
         QVERIFY(QFile::exists(running));
+        for (const QString& path : others)
+            QVERIFY2(QFile::exists(path), qPrintable(path));
     }
 
     // --- crash flag --------------------------------------------------------
