@@ -10,12 +10,14 @@ SONG, when given, and waits until the editor shows it), walks the window's
 accessible tree and prints one line per showing interactive control, then
 `interactive: N`, `unnamed: N`, `window-role: ROLE`, `wave: NAME`. The exit
 code is 0 when every interactive control has a name, 1 when some have none,
-2 when the window never appeared.
+2 when the window never appeared, 4 when the program ended before it did
+(the last lines it wrote are printed).
 """
 
 import os
 import subprocess
 import sys
+import tempfile
 import time
 
 # pyatspi keeps the list of applications it saw when imported: each look
@@ -129,7 +131,8 @@ def main():
     subprocess.run(["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus",
                     "/org/a11y/bus", "org.a11y.Bus.GetAddress"],
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
-    child = subprocess.Popen(args, env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    log = tempfile.TemporaryFile(mode="w+")
+    child = subprocess.Popen(args, env=env, stdout=log, stderr=subprocess.STDOUT)
     try:
         deadline = time.time() + TIMEOUT_S
         while time.time() < deadline and child.poll() is None:
@@ -140,6 +143,12 @@ def main():
                 sys.stdout.write(look.stdout)
                 return look.returncode
             time.sleep(0.5)
+        if child.poll() is not None:
+            log.seek(0)
+            print("window: not found: the program ended (code %d) before it showed; its last "
+                  "lines:" % child.returncode)
+            sys.stdout.write("".join(log.readlines()[-15:]))
+            return 4
         print("window: not found")
         return 2
     finally:
