@@ -13,19 +13,10 @@ extern "C" int KeloDecodePcm(const char* path, int64_t startMs, int64_t endMs, i
     if (!path || !proc || sampleRate < 1000 || sampleRate > 192000 || channels < 1 || channels > 2)
         return KELO_E_ARGUMENT;
     vexa::PcmSource source(sampleRate, channels);
-    int rc = source.open(path, startMs, endMs);
+    const int rc = source.open(path, startMs, endMs);
     if (rc < 0)
         return rc;
-    for (;;) {
-        const int16_t* samples = nullptr;
-        int frames = 0;
-        rc = source.read(&samples, &frames);
-        if (rc < 0)
-            return rc;
-        if (frames == 0)
-            break;
-        if (!proc(samples, frames, user))
-            return KELO_E_CANCELLED;
-    }
-    return source.endStatus();
+    return source.readAll([proc, user](const int16_t* samples, int frames) {
+        return proc(samples, frames, user) ? KELO_OK : KELO_E_CANCELLED;
+    });
 }

@@ -184,20 +184,15 @@ int RenderJob::render(std::string* temp)
     if (rc < 0)
         return rc;
 
+    if (m_cancelled->load(std::memory_order_relaxed))
+        return KELO_E_CANCELLED;
     int noted = 0;
-    for (;;) {
+    rc = source.readAll([&](const int16_t* samples, int frames) {
+        const int written = sink->write(samples, frames);
+        if (written < 0)
+            return written;
         if (m_cancelled->load(std::memory_order_relaxed))
-            return KELO_E_CANCELLED;
-        const int16_t* samples = nullptr;
-        int frames = 0;
-        rc = source.read(&samples, &frames);
-        if (rc < 0)
-            return rc;
-        if (frames == 0)
-            break;
-        rc = sink->write(samples, frames);
-        if (rc < 0)
-            return rc;
+            return static_cast<int>(KELO_E_CANCELLED);
         // One call per percent; the end's value is kept for the very end.
         const int progress = std::min(KELO_PROGRESS_DONE - 1,
                                       static_cast<int>(source.progress() * KELO_PROGRESS_DONE));
@@ -205,8 +200,8 @@ int RenderJob::render(std::string* temp)
             noted = progress;
             notify(progress, KELO_OK);
         }
-    }
-    rc = source.endStatus();
+        return static_cast<int>(KELO_OK);
+    });
     if (rc < 0)
         return rc;
     return sink->finish();

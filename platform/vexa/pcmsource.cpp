@@ -318,6 +318,22 @@ double PcmSource::progress() const
     return 0.0;
 }
 
+int PcmSource::readAll(const std::function<int(const int16_t*, int)>& block)
+{
+    for (;;) {
+        const int16_t* samples = nullptr;
+        int frames = 0;
+        int rc = read(&samples, &frames);
+        if (rc < 0)
+            return rc;
+        if (frames == 0)
+            return endStatus();
+        rc = block(samples, frames);
+        if (rc < 0)
+            return rc;
+    }
+}
+
 int PcmSource::endStatus() const
 {
     if (m_delivered == 0) {

@@ -10,6 +10,7 @@
 #include "vexa.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,11 @@ public:
     // After the last read: KELO_OK when the output is worth keeping, else
     // why not (nothing decodable, mostly undecodable, span past the end).
     int endStatus() const;
+
+    // Reads every block to the span's end into `block` (frames > 0 each
+    // time), stopping at the first negative answer it gives. That answer, a
+    // read's failure, or endStatus().
+    int readAll(const std::function<int(const int16_t* samples, int frames)>& block);
 
     // How far the render has come, 0..1 (an estimate).
     double progress() const;
