@@ -13,6 +13,7 @@
 #include "library/ItunesWrap.h"
 #include "library/ringtonemodel.h"
 #include "library/ringtonesortproxymodel.h"
+#include "library/songlistview.h"
 #include "testenv.h"
 #include "tests/library/libraryfixture.h"
 
@@ -300,8 +301,7 @@ void benchClick(const QString& dir)
         proxy.setSortCaseSensitivity(Qt::CaseInsensitive);
         QListView view;
         view.setModel(&proxy);
-        view.setResizeMode(QListView::Fixed);
-        view.setUniformItemSizes(true);
+        setUpSongListView(&view);
         view.resize(300, 400);
         view.show();
         view.grab();

@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QDebug>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -52,24 +53,8 @@ QString songText(const char* buffer, int32_t size)
     return QString::fromLocal8Bit(buffer, static_cast<qsizetype>(qstrnlen(buffer, size)));
 }
 
-// The title of one song in two passes, into a buffer kept for the next song.
-QString readTitle(const void* playlist, int song, std::vector<char>& buffer)
-{
-    tagSongInfo info;
-    std::memset(&info, 0, sizeof info);
-    GetSongInfo(playlist, song, &info);
-    if (info.nTitleSize <= 0)
-        return QString();
-    const auto size = static_cast<size_t>(info.nTitleSize);
-    if (buffer.size() < size)
-        buffer.resize(size);
-    std::memset(&info, 0, sizeof info);
-    info.pszTitle = buffer.data();
-    info.nTitleSize = static_cast<int32_t>(size);
-    buffer[0] = '\0';
-    GetSongInfo(playlist, song, &info);
-    return songText(info.pszTitle, info.nTitleSize);
-}
+// Songs whose titles are asked for in one agent call.
+constexpr int kTitleSlice = 65536;
 
 // One song in two passes: sizes first, then the texts into buffers of
 // exactly those sizes.
@@ -187,9 +172,9 @@ void CItunesWraper::getSongInfo(tagLibraryType type, int playlist, int song, CRi
     ClosePlaylist(handle);
 }
 
-QVector<QString> CItunesWraper::getSongTitles(tagLibraryType type, int playlist)
+QByteArray CItunesWraper::getSongTitles(tagLibraryType type, int playlist)
 {
-    QVector<QString> titles;
+    QByteArray titles;
     const int collection = collectionOf(type);
     if (collection < 0)
         return titles;
@@ -197,11 +182,19 @@ QVector<QString> CItunesWraper::getSongTitles(tagLibraryType type, int playlist)
     if (!handle)
         return titles;
     const int count = GetSongCount(handle);
-    if (count > 0)
-        titles.reserve(count);
-    std::vector<char> buffer;
-    for (int song = 0; song < count; ++song)
-        titles.append(readTitle(handle, song, buffer));
+    // In slices, so that no one answer comes near the agent's 2 GB.
+    for (int first = 0; first < count; first += kTitleSlice) {
+        const int songs = std::min(kTitleSlice, count - first);
+        const int size = GetSongTitles(handle, first, songs, nullptr, 0);
+        if (size <= 0)
+            break;
+        const qsizetype at = titles.size();
+        titles.resize(at + size);
+        const int written = GetSongTitles(handle, first, songs, titles.data() + at, size);
+        titles.resize(at + std::max(written, 0));
+        if (written != size)
+            break;
+    }
     ClosePlaylist(handle);
     return titles;
 }

@@ -8,6 +8,7 @@
 
 #include "library/librarytypes.h"
 
+#include <QByteArray>
 #include <QIcon>
 #include <QMap>
 #include <QPixmap>
@@ -29,11 +30,11 @@ public:
     // Sets title, artist, path and album (each only when the agent has it)
     // and the video flag; artwork and the local-file flag are left alone.
     void getSongInfo(tagLibraryType type, int playlist, int song, CRingToneNode* pNode);
-    // The title of every song of a playlist, each as getSongInfo gives it (a
-    // song the agent refuses has an empty one), read through one handle:
-    // two agent calls a song. Empty for a type without an agent collection
-    // or a playlist that cannot be opened.
-    QVector<QString> getSongTitles(tagLibraryType type, int playlist);
+    // The title of every song of a playlist as the agent gives it: UTF-8,
+    // each followed by a NUL, read through one handle in a few agent calls.
+    // Empty for a type without an agent collection or a playlist that
+    // cannot be opened; shorter when the agent stops answering.
+    QByteArray getSongTitles(tagLibraryType type, int playlist);
     // Null when the song has no artwork.
     QPixmap getAlbumPic(tagLibraryType type, int playlist, int song);
     // 0 filled (icon set, or null when the playlist could not be opened),

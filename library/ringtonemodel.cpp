@@ -1,9 +1,12 @@
 #include "library/ringtonemodel.h"
 
 #include "library/ItunesWrap.h"
+#include "library/keyorder.h"
 #include "library/libraryloader.h"
 
 #include <QSize>
+
+#include <algorithm>
 
 CRingToneModel::CRingToneModel(QObject* parent)
     : QAbstractTableModel(parent), m_type(LT_ROOT), m_position(0), m_songCount(0),
@@ -30,6 +33,8 @@ void CRingToneModel::forgetSongs()
 {
     m_songCount = 0;
     m_titles.clear();
+    m_order.erase(std::remove_if(m_order.begin(), m_order.end(), [](int e) { return e >= 0; }),
+                  m_order.end());
 }
 
 int CRingToneModel::columnCount(const QModelIndex&) const
@@ -72,9 +77,12 @@ void CRingToneModel::load(tagLibraryType type, int position)
     const int count = wrapper->getSongCount(type, position);
     if (count < 0)
         return;
-    // Counted before the insertion is announced, as the rows always were.
+    // Counted and ordered before the insertion is announced, as the rows
+    // always were counted.
     m_songCount = count;
-    m_titles.assign(wrapper->getSongTitles(type, position));
+    m_titles.assignUtf8(wrapper->getSongTitles(type, position));
+    if (m_titleOrder.sorted)
+        m_order = sortedEntries();
     // Announced even for an empty playlist (rows 0 .. -1).
     beginInsertRows(QModelIndex(), 0, count - 1);
     endInsertRows();
@@ -82,10 +90,26 @@ void CRingToneModel::load(tagLibraryType type, int position)
 
 bool CRingToneModel::addRingTone(const CRingToneNode& node)
 {
-    const int row = static_cast<int>(m_nodes.size());
+    const int owned = static_cast<int>(m_nodes.size());
     auto* copy = new CRingToneNode(node);
+    std::string key = CTitleSortKeys::keyOf(copy->strTitle);
+    int row = owned;
+    if (m_titleOrder.sorted) {
+        // After the rows of smaller titles, and after the earlier owned
+        // records of an equal one but before the songs.
+        auto comesFirst = [&](int entry) {
+            const int order = direction(sortsByKey() ? keyOf(entry).compare(key)
+                                                     : compareText(titleOf(entry), copy->strTitle));
+            return order < 0 || (order == 0 && entry < 0);
+        };
+        row = static_cast<int>(std::partition_point(m_order.begin(), m_order.end(), comesFirst) -
+                               m_order.begin());
+    }
     beginInsertRows(QModelIndex(), row, row);
     m_nodes.append(copy);
+    m_ownedKeys.push_back(std::move(key));
+    if (m_titleOrder.sorted)
+        m_order.insert(m_order.begin() + row, ~owned);
     endInsertRows();
     return true;
 }
@@ -98,6 +122,9 @@ void CRingToneModel::clearRingTone()
     beginRemoveRows(QModelIndex(), 0, total);
     qDeleteAll(m_nodes);
     m_nodes.clear();
+    m_ownedKeys.clear();
+    m_order.erase(std::remove_if(m_order.begin(), m_order.end(), [](int e) { return e < 0; }),
+                  m_order.end());
     endRemoveRows();
 }
 
@@ -118,29 +145,152 @@ CRingToneNode CRingToneModel::nodeFromIndex(const QModelIndex& index) const
     CRingToneNode node;
     if (!index.isValid())
         return node;
-    const int owned = static_cast<int>(m_nodes.size());
-    if (index.row() >= owned)
-        CItunesWraper::instance()->getSongInfo(m_type, m_position, index.row() - owned, &node);
+    const int entry = entryAt(index.row());
+    if (entry >= 0)
+        CItunesWraper::instance()->getSongInfo(m_type, m_position, entry, &node);
     else
-        node = *m_nodes.at(index.row());
+        node = *m_nodes.at(~entry);
     return node;
 }
 
-const QString& CRingToneModel::title(int row) const
+QString CRingToneModel::title(int row) const
 {
-    static const QString none;
-    const int owned = static_cast<int>(m_nodes.size());
-    if (row < 0 || row >= owned + m_titles.size())
-        return none;
-    return row < owned ? m_nodes.at(row)->strTitle : m_titles.title(row - owned);
+    if (row < 0 || row >= rowCount())
+        return QString();
+    return titleOf(entryAt(row));
 }
 
-int CRingToneModel::compareTitles(int left, int right, Qt::CaseSensitivity cs) const
+// --- the order by title -----------------------------------------------------
+
+int CRingToneModel::entryAt(int row) const
+{
+    if (m_titleOrder.sorted && static_cast<size_t>(row) < m_order.size())
+        return m_order[static_cast<size_t>(row)];
+    // Past the last row too: such a row is asked of the agent, which refuses it.
+    const int owned = static_cast<int>(m_nodes.size());
+    return row < owned ? ~row : row - owned;
+}
+
+int CRingToneModel::unsortedRow(int entry) const
+{
+    return entry < 0 ? ~entry : static_cast<int>(m_nodes.size()) + entry;
+}
+
+QString CRingToneModel::titleOf(int entry) const
+{
+    if (entry < 0)
+        return m_nodes.at(~entry)->strTitle;
+    return entry < m_titles.size() ? m_titles.title(entry) : QString();
+}
+
+std::string_view CRingToneModel::keyOf(int entry) const
+{
+    if (entry < 0)
+        return m_ownedKeys[static_cast<size_t>(~entry)];
+    return entry < m_titles.size() ? m_titles.key(entry) : std::string_view();
+}
+
+bool CRingToneModel::sortsByKey() const
+{
+    return m_titleOrder.cs == Qt::CaseInsensitive && !m_titleOrder.localeAware;
+}
+
+int CRingToneModel::compareText(const QString& a, const QString& b) const
+{
+    if (m_titleOrder.localeAware)
+        return a.localeAwareCompare(b);
+    return QString::compare(a, b, m_titleOrder.cs);
+}
+
+int CRingToneModel::direction(int order) const
+{
+    order = (order > 0) - (order < 0);
+    return m_titleOrder.order == Qt::DescendingOrder ? -order : order;
+}
+
+int CRingToneModel::compareEntries(int a, int b) const
+{
+    const int order =
+        direction(sortsByKey() ? keyOf(a).compare(keyOf(b)) : compareText(titleOf(a), titleOf(b)));
+    if (order != 0)
+        return order;
+    // Equal titles stay in the unsorted order, either way.
+    return unsortedRow(a) - unsortedRow(b);
+}
+
+std::vector<int> CRingToneModel::sortedEntries() const
 {
     const int owned = static_cast<int>(m_nodes.size());
-    const int songs = m_titles.size();
-    if (cs == Qt::CaseInsensitive && left >= owned && right >= owned && left < owned + songs &&
-        right < owned + songs)
-        return m_titles.compareCaseInsensitive(left - owned, right - owned);
-    return QString::compare(title(left), title(right), cs);
+    std::vector<int> entries;
+    entries.reserve(static_cast<size_t>(owned + m_songCount));
+    for (int i = 0; i < owned; ++i)
+        entries.push_back(~i);
+    for (int song = 0; song < m_songCount; ++song)
+        entries.push_back(song);
+    if (!sortsByKey()) {
+        std::sort(entries.begin(), entries.end(),
+                  [this](int a, int b) { return compareEntries(a, b) < 0; });
+        return entries;
+    }
+    std::vector<std::string_view> keys;
+    keys.reserve(entries.size());
+    for (const int entry : entries)
+        keys.push_back(keyOf(entry));
+    const std::vector<uint32_t> ascending = orderOfKeys(keys);
+    std::vector<int> sorted;
+    sorted.reserve(entries.size());
+    if (m_titleOrder.order == Qt::AscendingOrder) {
+        for (const uint32_t at : ascending)
+            sorted.push_back(entries[at]);
+        return sorted;
+    }
+    // Descending: the runs of equal keys from the last, each run in its own
+    // (unsorted) order.
+    for (size_t end = ascending.size(); end > 0;) {
+        size_t start = end - 1;
+        while (start > 0 && keys[ascending[start - 1]] == keys[ascending[end - 1]])
+            --start;
+        for (size_t i = start; i < end; ++i)
+            sorted.push_back(entries[ascending[i]]);
+        end = start;
+    }
+    return sorted;
+}
+
+void CRingToneModel::setTitleOrder(bool sorted, Qt::SortOrder order, Qt::CaseSensitivity cs,
+                                   bool localeAware)
+{
+    const TitleOrder wanted{sorted, order, cs, localeAware};
+    const TitleOrder& now = m_titleOrder;
+    if (wanted.sorted == now.sorted &&
+        (!sorted || (wanted.order == now.order && wanted.cs == now.cs &&
+                     wanted.localeAware == now.localeAware))) {
+        m_titleOrder = wanted;
+        return;
+    }
+    const int rows = rowCount();
+    if (rows == 0) {
+        m_titleOrder = wanted;
+        m_order = sorted ? sortedEntries() : std::vector<int>();
+        return;
+    }
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    std::vector<int> before(static_cast<size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        before[static_cast<size_t>(row)] = entryAt(row);
+    m_titleOrder = wanted;
+    m_order = sorted ? sortedEntries() : std::vector<int>();
+    // Where each unsorted row shows now.
+    std::vector<int> rowNow(static_cast<size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        rowNow[static_cast<size_t>(unsortedRow(entryAt(row)))] = row;
+    const QModelIndexList from = persistentIndexList();
+    QModelIndexList to;
+    to.reserve(from.size());
+    for (const QModelIndex& index : from) {
+        const int was = before[static_cast<size_t>(index.row())];
+        to << createIndex(rowNow[static_cast<size_t>(unsortedRow(was))], index.column());
+    }
+    changePersistentIndexList(from, to);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }

@@ -4,9 +4,12 @@
 // loaded last, whose records are never copied: each row is asked of the
 // iTunes wrapper every time it is shown. Only the playlist's song count and
 // titles are kept, read once when its rows are added, so that counting and
-// sorting the rows never asks the agent. Owns its records (deleted in clearRingTone
-// and the destructor). GUI thread only; a search runs to its end inside
-// Search().
+// sorting the rows never asks the agent. When a sort by title is asked for
+// (setTitleOrder), the model keeps its rows in that order itself: a sort
+// over half a million rows then costs one radix sort of the titles' keys,
+// not one proxy comparison after another. Owns its records (deleted in
+// clearRingTone and the destructor). GUI thread only; a search runs to its
+// end inside Search().
 
 #include "engine/ringtonenode.h"
 #include "library/librarytypes.h"
@@ -19,6 +22,9 @@
 #include <QVector>
 
 #include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 class CRingToneModel : public QAbstractTableModel, public ISongSink
 {
@@ -35,7 +41,7 @@ public:
     // Shows the songs of one playlist of a group (LT_LIBRARY or LT_PLAYLISTS).
     void load(tagLibraryType type, int position);
     // Appends a copy as an owned row, after the earlier owned rows and before
-    // the playlist's songs.
+    // the playlist's songs (in title order while sorted).
     bool addRingTone(const CRingToneNode& node) override;
     // Removes every row and deletes the owned records; type and position stay.
     void clearRingTone();
@@ -45,18 +51,47 @@ public:
     CRingToneNode nodeFromIndex(const QModelIndex& index) const;
     // The title a row shows, without asking the agent: an owned record's, or
     // the playlist song's as read when the rows were added. Empty past the
-    // last row. Valid until the rows change.
-    const QString& title(int row) const;
-    // Negative, zero or positive as QString::compare(title(left),
-    // title(right), cs), quicker between two songs of the playlist.
-    int compareTitles(int left, int right, Qt::CaseSensitivity cs) const;
+    // last row.
+    QString title(int row) const;
+
+    // With `sorted`, keeps the rows from now on in the order in which
+    // QSortFilterProxyModel shows them sorted by their shown text with
+    // these settings: by title, ties in the unsorted order (owned records
+    // first, then the playlist's songs). Without, the rows come in the
+    // unsorted order again. A change moves the rows as a layout change.
+    void setTitleOrder(bool sorted, Qt::SortOrder order, Qt::CaseSensitivity cs, bool localeAware);
 
 private:
+    struct TitleOrder
+    {
+        bool sorted = false;
+        Qt::SortOrder order = Qt::AscendingOrder;
+        Qt::CaseSensitivity cs = Qt::CaseInsensitive;
+        bool localeAware = false;
+    };
+
     // True when the library is still loading: the request then runs when
     // the load ends.
     bool putOffWhileLoading(std::function<void()> request);
     // Forgets the playlist's songs without announcing it.
     void forgetSongs();
+
+    // A row's entry: a song's number in the playlist, or ~i for owned record i.
+    int entryAt(int row) const;
+    // The unsorted row of an entry.
+    int unsortedRow(int entry) const;
+    QString titleOf(int entry) const;
+    std::string_view keyOf(int entry) const;
+    // Two titles compared as the sort compares them when not by key.
+    int compareText(const QString& a, const QString& b) const;
+    // -1, 0 or 1 for a comparison of titles, turned round when descending.
+    int direction(int order) const;
+    // Negative when entry a comes before entry b in the sorted order.
+    int compareEntries(int a, int b) const;
+    // Every entry, in the sorted order.
+    std::vector<int> sortedEntries() const;
+    // Keys compare as the titles do: without regard to case, not by locale.
+    bool sortsByKey() const;
 
     QVector<CRingToneNode*> m_nodes;
     tagLibraryType m_type;
@@ -65,6 +100,11 @@ private:
     // the list is cleared: type and position stay too.
     int m_songCount;
     CTitleSortKeys m_titles;
+    // The owned records' title keys, in their order.
+    std::vector<std::string> m_ownedKeys;
+    TitleOrder m_titleOrder;
+    // While sorted: the entry of each row, in the order shown.
+    std::vector<int> m_order;
     QIcon m_musicIcon;
     QIcon m_videoIcon;
 };

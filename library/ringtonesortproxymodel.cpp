@@ -6,8 +6,41 @@
 CRingToneSortProxyModel::CRingToneSortProxyModel(QObject* parent)
     : QSortFilterProxyModel(parent), type(FT_ALL)
 {
-    connect(this, &QAbstractProxyModel::sourceModelChanged, this,
-            [this] { m_songs = qobject_cast<const CRingToneModel*>(sourceModel()); });
+    connect(this, &QAbstractProxyModel::sourceModelChanged, this, [this] {
+        // A song list left behind goes back to its own order.
+        CRingToneModel* songs = qobject_cast<CRingToneModel*>(sourceModel());
+        if (m_songs && m_songs != songs)
+            m_songs->setTitleOrder(false, Qt::AscendingOrder, Qt::CaseInsensitive, false);
+        m_songs = songs;
+        applySort();
+    });
+    connect(this, &QSortFilterProxyModel::sortCaseSensitivityChanged, this,
+            &CRingToneSortProxyModel::applySort);
+    connect(this, &QSortFilterProxyModel::sortLocaleAwareChanged, this,
+            &CRingToneSortProxyModel::applySort);
+    connect(this, &QSortFilterProxyModel::sortRoleChanged, this,
+            &CRingToneSortProxyModel::applySort);
+}
+
+void CRingToneSortProxyModel::sort(int column, Qt::SortOrder order)
+{
+    m_sortColumn = column;
+    m_sortOrder = order;
+    applySort();
+}
+
+void CRingToneSortProxyModel::applySort()
+{
+    CRingToneModel* songs = m_songs;
+    if (songs && sortRole() == Qt::DisplayRole) {
+        songs->setTitleOrder(m_sortColumn == 0, m_sortOrder, sortCaseSensitivity(),
+                             isSortLocaleAware());
+        QSortFilterProxyModel::sort(-1, m_sortOrder);
+        return;
+    }
+    if (songs)
+        songs->setTitleOrder(false, m_sortOrder, sortCaseSensitivity(), isSortLocaleAware());
+    QSortFilterProxyModel::sort(m_sortColumn, m_sortOrder);
 }
 
 void CRingToneSortProxyModel::filter(QString filterText, FilterType filterType)
@@ -44,20 +77,4 @@ bool CRingToneSortProxyModel::filterAcceptsRow(int source_row,
     if (type != FT_ALL)
         return matches(node, type);
     return matches(node, FT_TITLE) || matches(node, FT_ARTIST) || matches(node, FT_ALBUM);
-}
-
-bool CRingToneSortProxyModel::lessThan(const QModelIndex& source_left,
-                                       const QModelIndex& source_right) const
-{
-    // The shown text of a song list row is its title: compared here as the
-    // base class compares two texts, without building the rows' records.
-    const CRingToneModel* songs = m_songs;
-    if (!songs || sortRole() != Qt::DisplayRole || !source_left.isValid() ||
-        !source_right.isValid())
-        return QSortFilterProxyModel::lessThan(source_left, source_right);
-    const int left = source_left.row();
-    const int right = source_right.row();
-    if (isSortLocaleAware())
-        return songs->title(left).localeAwareCompare(songs->title(right)) < 0;
-    return songs->compareTitles(left, right, sortCaseSensitivity()) < 0;
 }

@@ -1,36 +1,42 @@
 #pragma once
-// The titles of a playlist's songs as the song list sorts them: each title,
-// and a key made once when the titles are set, so that comparing two titles
-// without regard to case is a byte comparison of their keys. The key is the
-// title case-folded one UTF-16 unit at a time, as QString folds when it
-// compares, written in UTF-8, whose byte order is the units' order. A title
-// holding a surrogate (a character beyond the first plane) has none and is
-// compared by QString itself; either way the result is exactly
-// QString::compare(..., Qt::CaseInsensitive)'s. Plain value; any thread.
+// The titles of a playlist's songs as the song list sorts them: the titles
+// as the library agent gives them (UTF-8, each followed by a NUL), and for
+// each a key made once, so that comparing two titles without regard to case
+// is a byte comparison of their keys. A key is the title case-folded one
+// UTF-16 unit at a time, as QString folds when it compares (the second unit
+// of a surrogate pair stands for the folded character), each folded value
+// written in UTF-8, whose byte order is the values' order. So the keys of
+// two titles compare exactly as QString::compare(..., Qt::CaseInsensitive)
+// compares the titles. Plain value; any thread.
 
+#include <QByteArray>
 #include <QString>
-#include <QVector>
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class CTitleSortKeys
 {
 public:
-    void assign(const QVector<QString>& titles);
+    // The key of any title.
+    static std::string keyOf(const QString& title);
+
+    // Takes the titles, each followed by a NUL (bytes after the last NUL
+    // are left out).
+    void assignUtf8(const QByteArray& titles);
     void clear();
-    int size() const { return static_cast<int>(m_titles.size()); }
-    const QString& title(int i) const { return m_titles.at(i); }
-    // Negative, zero or positive as QString::compare(title(a), title(b),
-    // Qt::CaseInsensitive).
-    int compareCaseInsensitive(int a, int b) const;
+    int size() const { return static_cast<int>(m_titleStart.size()); }
+    // Title i as the agent's texts are turned into strings.
+    QString title(int i) const;
+    std::string_view key(int i) const;
 
 private:
-    QVector<QString> m_titles;
-    // The keys, one after another: title i's runs from m_start[i] to
-    // m_start[i + 1] (empty for a title without a key).
-    std::string m_keys;
-    std::vector<uint32_t> m_start;
-    std::vector<bool> m_hasKey;
+    QByteArray m_titles;
+    // Title i runs from m_titleStart[i] to its NUL; its key from
+    // m_keyStart[i] to m_keyStart[i + 1] in m_keys.
+    std::vector<uint32_t> m_titleStart;
+    QByteArray m_keys;
+    std::vector<uint32_t> m_keyStart;
 };

@@ -13,6 +13,7 @@
 #include "library/librarynode.h"
 #include "library/ringtonemodel.h"
 #include "library/ringtonesortproxymodel.h"
+#include "library/songlistview.h"
 #include "ui/aboutdlg.h"
 #include "ui/accessiblefactory.h"
 #include "ui/hellownd.h"
@@ -153,10 +154,7 @@ QWidget* CMainWnd::createITunesWidget()
     m_songList = new QListView(itunes);
     m_songList->setObjectName("ringtongList");
     m_songList->setModel(m_proxy);
-    m_songList->setResizeMode(QListView::Fixed);
-    // Every row is as tall as the model says (one size for all): laid out
-    // without asking each of a large playlist's rows.
-    m_songList->setUniformItemSizes(true);
+    setUpSongListView(m_songList);
     m_songList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_songList->setFocusPolicy(Qt::NoFocus);
     connect(m_songList, &QListView::clicked, this, &CMainWnd::on_inportFromITunes);

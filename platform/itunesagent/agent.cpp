@@ -26,6 +26,7 @@
 #include <filesystem>
 #include <memory>
 #include <mutex>
+#include <string_view>
 #include <unordered_map>
 
 using namespace ita;
@@ -41,6 +42,7 @@ enum Call
     cGetSongCount,
     cGetPlaylistKind,
     cGetSongInfo,
+    cGetSongTitles,
     cOpenArtwork,
     cGetArtworkCount,
     cGetArtworkInfo,
@@ -51,9 +53,9 @@ enum Call
 };
 
 const char* const kCallNames[cCallCount] = {
-    "GetPlaylistCount", "GetPlaylistName", "OpenPlaylist",  "ClosePlaylist",   "GetSongCount",
-    "GetPlaylistKind",  "GetSongInfo",     "OpenArtwork",   "GetArtworkCount", "GetArtworkInfo",
-    "CloseArtwork",     "SearchSong",      "AppendRingtone"};
+    "GetPlaylistCount", "GetPlaylistName", "OpenPlaylist",  "ClosePlaylist", "GetSongCount",
+    "GetPlaylistKind",  "GetSongInfo",     "GetSongTitles", "OpenArtwork",   "GetArtworkCount",
+    "GetArtworkInfo",   "CloseArtwork",    "SearchSong",    "AppendRingtone"};
 
 constexpr int kDefaultHandleLimit = 65536;
 // Artwork handles hold whole pictures; callers that never close them must
@@ -422,6 +424,46 @@ int GetSongInfo(const void* hPlaylist, int nSong, tagSongInfo* pInfo)
     fill(lib.strings, t.album, pInfo->pszAlbum, pInfo->nAlbumSize);
     pInfo->bVideo = t.video;
     return ITA_OK;
+}
+
+int GetSongTitles(const void* hPlaylist, int nFirst, int nCount, char* pBuffer, int nSize)
+{
+    counted(cGetSongTitles);
+    State& s = state();
+    Lock lock(s.mutex);
+    const int songs = songCount(s, hPlaylist);
+    if (songs < 0)
+        return songs;
+    if (nFirst < 0 || nCount < 0 || nFirst > songs - nCount || (pBuffer && nSize < 0))
+        return ITA_E_ARGUMENT;
+    const Library& lib = *s.lib;
+    const int32_t playlist = s.playlists.find(fromHandle(hPlaylist))->second;
+    const std::vector<uint32_t>* items =
+        playlist == kAllTracks ? nullptr : &lib.playlists[static_cast<size_t>(playlist)].items;
+    // A title is what a reader of GetSongInfo's terminated text sees: up to
+    // its first NUL.
+    auto titleOf = [&](int song) {
+        const auto at = static_cast<size_t>(song);
+        const Text text = lib.tracks[items ? (*items)[at] : at].title;
+        const char* bytes = lib.strings.c_str(text);
+        return std::string_view(bytes, strnlen(bytes, text.len));
+    };
+    int64_t written = 0;
+    for (int song = nFirst; song < nFirst + nCount; ++song) {
+        const std::string_view title = titleOf(song);
+        const int64_t next = written + static_cast<int64_t>(title.size()) + 1;
+        if (!pBuffer) {
+            if (next > INT32_MAX)
+                return ITA_E_ARGUMENT;
+        } else {
+            if (next > nSize)
+                break;
+            std::memcpy(pBuffer + written, title.data(), title.size());
+            pBuffer[written + static_cast<int64_t>(title.size())] = '\0';
+        }
+        written = next;
+    }
+    return static_cast<int>(written);
 }
 
 void* OpenArtwork(const void* hPlaylist, int nSong)

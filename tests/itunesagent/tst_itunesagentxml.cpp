@@ -28,6 +28,7 @@ private slots:
     void shouldReportZeroSizeForAnEmptyArtist();
     void shouldFillSizesFirstAndTextsSecond();
     void shouldTerminateATextCutByASmallBuffer();
+    void shouldGiveManyTitlesInOneCall();
     void shouldListTheSongsOfAFolderFromItsPlaylists();
     void shouldLeaveOutItemsOfUnknownTracks();
     void shouldRefuseClosedAndMadeUpHandles();
@@ -266,6 +267,72 @@ void TestItunesAgentXml::shouldTerminateATextCutByASmallBuffer()
     QCOMPARE(GetSongInfo(h, 0, &info), int(ITA_OK));
     QCOMPARE(QByteArray(title), QByteArray("3 A"));
     ClosePlaylist(h);
+}
+
+void TestItunesAgentXml::shouldGiveManyTitlesInOneCall()
+{
+    void* h = OpenPlaylist(ITA_COLLECTION_LIBRARY, 0);
+    QVERIFY(h);
+    const QList<fx::Song> songs = fx::songsOf(ITA_COLLECTION_LIBRARY, 0);
+    const int count = GetSongCount(h);
+    QCOMPARE(count, songs.size());
+    QVERIFY(count >= 3);
+    // Each title as GetSongInfo gives it, with its terminator, one after
+    // another; the first pass says how many bytes.
+    QByteArray expected;
+    for (const fx::Song& song : songs)
+        expected += song.title.toUtf8() + '\0';
+    QCOMPARE(GetSongTitles(h, 0, count, nullptr, 0), int(expected.size()));
+    QByteArray titles(expected.size(), 'x');
+    QCOMPARE(GetSongTitles(h, 0, count, titles.data(), int(titles.size())), int(expected.size()));
+    QCOMPARE(titles, expected);
+
+    // A slice: songs 1 and 2.
+    const QByteArray slice = songs[1].title.toUtf8() + '\0' + songs[2].title.toUtf8() + '\0';
+    QCOMPARE(GetSongTitles(h, 1, 2, nullptr, 0), int(slice.size()));
+    // A buffer too small for the second title takes the first one whole and
+    // nothing of the second.
+    QByteArray cut(slice.size() - 1, 'x');
+    const int first = int(songs[1].title.toUtf8().size()) + 1;
+    QCOMPARE(GetSongTitles(h, 1, 2, cut.data(), int(cut.size())), first);
+    QCOMPARE(cut.left(first), slice.left(first));
+    QCOMPARE(cut.mid(first), QByteArray(cut.size() - first, 'x'));
+    // No songs: no bytes.
+    QCOMPARE(GetSongTitles(h, count, 0, nullptr, 0), 0);
+
+    // Songs out of range, a negative size, a handle that is not open.
+    QCOMPARE(GetSongTitles(h, -1, 1, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongTitles(h, 0, count + 1, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongTitles(h, count, 1, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongTitles(h, 0, -1, nullptr, 0), int(ITA_E_ARGUMENT));
+    QCOMPARE(GetSongTitles(h, 0, 1, titles.data(), -1), int(ITA_E_ARGUMENT));
+    QCOMPARE(ClosePlaylist(h), int(ITA_OK));
+    QCOMPARE(GetSongTitles(h, 0, 1, nullptr, 0), int(ITA_E_HANDLE));
+    QCOMPARE(GetSongTitles(nullptr, 0, 1, nullptr, 0), int(ITA_E_HANDLE));
+
+    // Through the whole library's handle a search hands out, too.
+    struct Seen
+    {
+        QStringList titles;
+        QStringList infos;
+    } seen;
+    tagSongInfo query = {};
+    char text[] = "o";
+    query.pszTitle = text;
+    query.nTitleSize = sizeof text;
+    SearchSong(
+        &query,
+        [](const void* playlist, int song, void* user) {
+            auto* found = static_cast<Seen*>(user);
+            char title[256] = {};
+            GetSongTitles(playlist, song, 1, title, sizeof title);
+            found->titles << QString::fromUtf8(title);
+            found->infos << fx::songOf(playlist, song).title;
+            return 1;
+        },
+        &seen);
+    QVERIFY(!seen.titles.isEmpty());
+    QCOMPARE(seen.titles, seen.infos);
 }
 
 void TestItunesAgentXml::shouldListTheSongsOfAFolderFromItsPlaylists()

@@ -1,7 +1,9 @@
 // The song list model over the real library agent: rows from a playlist and
 // owned rows, the announced ranges (one past the end on clearing, on
-// purpose), searches, roles, and a proxy and a view above it that stay in
-// step. The model is watched by QAbstractItemModelTester in warning mode.
+// purpose), searches, roles, a proxy and a view above it that stay in step,
+// and the rows kept in title order when asked (moved as a layout change,
+// added records put in their place). The model is watched by QAbstractItemModelTester in warning
+// mode.
 
 #include "library/ringtonemodel.h"
 #include "library/ringtonesortproxymodel.h"
@@ -65,6 +67,7 @@ private slots:
     void shouldGiveRecordsByIndex();
     void shouldGiveTheTitlesItShowsWithoutAskingTheAgent();
     void shouldKeepProxyAndViewConsistent();
+    void shouldKeepItsRowsInTitleOrderWhenAsked();
 
 private:
     QTemporaryDir m_dir;
@@ -318,17 +321,6 @@ void TestRingToneModel::shouldGiveTheTitlesItShowsWithoutAskingTheAgent()
     QCOMPARE(titles, shown);
     QVERIFY(model.title(-1).isEmpty());
     QVERIFY(model.title(model.rowCount()).isEmpty());
-    // Compared as QString compares the shown titles, owned rows or songs.
-    for (int a = 0; a < shown.size(); ++a) {
-        for (int b = 0; b < shown.size(); ++b) {
-            for (const Qt::CaseSensitivity cs : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
-                const int expected = QString::compare(shown[a], shown[b], cs);
-                const int actual = model.compareTitles(a, b, cs);
-                QCOMPARE(actual < 0, expected < 0);
-                QCOMPARE(actual == 0, expected == 0);
-            }
-        }
-    }
     QCOMPARE(ItunesAgentCallCount(nullptr), before);
 
     // A search's hits are owned records; the playlist's titles are gone.
@@ -407,6 +399,83 @@ void TestRingToneModel::shouldKeepProxyAndViewConsistent()
         kRemovedOnePast.arg(5).arg(-1), // clearing, and the last load
         kRemovedOnePast.arg(5).arg(-1), kCountedEarly.arg(5).arg(10)};
     QCOMPARE(warnings.takeComplaints(), expected);
+}
+
+void TestRingToneModel::shouldKeepItsRowsInTitleOrderWhenAsked()
+{
+    CRingToneModel model;
+    model.load(LT_LIBRARY, 0);
+    // Created after the load, whose announced ranges are odd on purpose:
+    // from here on every change must be clean.
+    auto tester = std::make_unique<QAbstractItemModelTester>(
+        &model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    auto shown = [&model] {
+        QStringList titles;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            titles << model.data(model.index(row, 0)).toString();
+            if (model.title(row) != titles.last())
+                titles.last() += " (title differs)";
+        }
+        return titles;
+    };
+    const QPersistentModelIndex yesterday = model.index(0, 0);
+    QSignalSpy aboutToMove(&model, &QAbstractItemModel::layoutAboutToBeChanged);
+    QSignalSpy moved(&model, &QAbstractItemModel::layoutChanged);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+
+    model.setTitleOrder(true, Qt::AscendingOrder, Qt::CaseInsensitive, false);
+    QCOMPARE(aboutToMove.count(), 1);
+    QCOMPARE(moved.count(), 1);
+    QCOMPARE(shown(),
+             QStringList({"Beat It", "Here Comes the Sun", "No Artist", "Something", "Yesterday"}));
+    // A kept index follows its row.
+    QCOMPARE(yesterday.row(), 4);
+    QCOMPARE(yesterday.data().toString(), QString("Yesterday"));
+    // The same order again moves nothing.
+    model.setTitleOrder(true, Qt::AscendingOrder, Qt::CaseInsensitive, false);
+    QCOMPARE(moved.count(), 1);
+
+    // Added records land in their place; a title equal but for case comes
+    // before the song's (owned records first), after an earlier owned one.
+    model.addRingTone(record("Help"));
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(inserted[0][1].toInt(), 1);
+    QCOMPARE(inserted[0][2].toInt(), 1);
+    model.addRingTone(record("beat it"));
+    QCOMPARE(inserted[1][1].toInt(), 0);
+    model.addRingTone(record("BEAT IT"));
+    QCOMPARE(inserted[2][1].toInt(), 1);
+    QCOMPARE(shown(), QStringList({"beat it", "BEAT IT", "Beat It", "Help", "Here Comes the Sun",
+                                   "No Artist", "Something", "Yesterday"}));
+    QCOMPARE(model.nodeFromIndex(model.index(0, 0)).strArtist, QString("beat it artist"));
+    QCOMPARE(yesterday.row(), 7);
+
+    // Descending: titles the other way round, equal ones still in their
+    // unsorted order.
+    model.setTitleOrder(true, Qt::DescendingOrder, Qt::CaseInsensitive, false);
+    QCOMPARE(shown(), QStringList({"Yesterday", "Something", "No Artist", "Here Comes the Sun",
+                                   "Help", "beat it", "BEAT IT", "Beat It"}));
+    // Case sensitive: capitals first, as QString compares.
+    model.setTitleOrder(true, Qt::AscendingOrder, Qt::CaseSensitive, false);
+    QCOMPARE(shown(), QStringList({"BEAT IT", "Beat It", "Help", "Here Comes the Sun", "No Artist",
+                                   "Something", "Yesterday", "beat it"}));
+    QCOMPARE(yesterday.row(), 6);
+
+    // Unsorted again: owned records in the order added, then the playlist.
+    model.setTitleOrder(false, Qt::AscendingOrder, Qt::CaseInsensitive, false);
+    QCOMPARE(shown(), QStringList({"Help", "beat it", "BEAT IT", "Yesterday", "Something",
+                                   "Beat It", "Here Comes the Sun", "No Artist"}));
+    QCOMPARE(yesterday.row(), 3);
+    QCOMPARE(aboutToMove.count(), moved.count());
+
+    // Sorted, a load and a search bring their rows in order (each clears
+    // first, with its odd range).
+    tester.reset();
+    model.setTitleOrder(true, Qt::AscendingOrder, Qt::CaseInsensitive, false);
+    model.load(LT_PLAYLISTS, 0);
+    QCOMPARE(shown(), QStringList({"Beat It", "Yesterday"}));
+    model.Search("abbey", FT_ALBUM);
+    QCOMPARE(shown(), QStringList({"Here Comes the Sun", "Something"}));
 }
 
 TW_TEST_MAIN(TestRingToneModel)

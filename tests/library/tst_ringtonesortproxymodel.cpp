@@ -1,8 +1,8 @@
 // The song list filter over a song list model on the real library agent:
 // fields, case, the "All" field, the empty filter that builds no record,
-// sorting (as its base sorts, from the titles read once when the rows came,
-// never asking the agent, also over a large playlist), and the model
-// tester's view of it.
+// sorting (as its base sorts, every way, from the titles read in a few agent
+// calls when the rows came, also over a large playlist; handed to the song
+// list, and taken back), and the model tester's view of it.
 
 #include "library/ringtonemodel.h"
 #include "library/ringtonesortproxymodel.h"
@@ -11,6 +11,9 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <algorithm>
+#include <vector>
 
 class TestRingToneSortProxyModel : public QObject
 {
@@ -29,6 +32,7 @@ private slots:
     void shouldSortWithoutAskingTheAgent();
     void shouldSortEveryWayItsBaseSorts_data();
     void shouldSortEveryWayItsBaseSorts();
+    void shouldHandTheSortBackWhenAskedOtherwise();
     void shouldShowALargePlaylistSortedFromTitlesReadOnce();
 
 private:
@@ -155,15 +159,6 @@ void sortAsTheWindowDoes(QSortFilterProxyModel& proxy, QAbstractItemModel& model
     proxy.setSortCaseSensitivity(Qt::CaseInsensitive);
 }
 
-// The source rows in the order a proxy shows them.
-QList<int> sourceRows(const QSortFilterProxyModel& proxy)
-{
-    QList<int> rows;
-    for (int row = 0; row < proxy.rowCount(); ++row)
-        rows << proxy.mapToSource(proxy.index(row, 0)).row();
-    return rows;
-}
-
 } // namespace
 
 void TestRingToneSortProxyModel::shouldSortWithoutAskingTheAgent()
@@ -173,11 +168,13 @@ void TestRingToneSortProxyModel::shouldSortWithoutAskingTheAgent()
     CRingToneSortProxyModel proxy;
     sortAsTheWindowDoes(proxy, model);
 
-    // The rows come sorted; each song's title was read once, in the agent's
-    // two passes, whatever the number of comparisons.
+    // The rows come sorted; the titles were read in one size and one copy
+    // call, and no song's record was asked for.
     const unsigned long songInfoBefore = ItunesAgentCallCount("GetSongInfo");
+    const unsigned long titlesBefore = ItunesAgentCallCount("GetSongTitles");
     model.load(LT_LIBRARY, 0);
-    QCOMPARE(ItunesAgentCallCount("GetSongInfo") - songInfoBefore, 5ul * 2);
+    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), songInfoBefore);
+    QCOMPARE(ItunesAgentCallCount("GetSongTitles") - titlesBefore, 2ul);
     const QStringList ascending{"Beat It", "Here Comes the Sun", "No Artist", "Something",
                                 "Yesterday"};
     QCOMPARE(titles(proxy), ascending);
@@ -216,28 +213,89 @@ void TestRingToneSortProxyModel::shouldSortEveryWayItsBaseSorts()
     const QString xml = dir.filePath("music.xml");
     QVERIFY(fx::writeFile(xml, lib::musicLibraryXml(tracks)));
     fx::useXmlLibrary(xml);
-    CRingToneModel model;
-    model.load(LT_LIBRARY, 0);
-    QCOMPARE(model.rowCount(), tracks);
-    for (const char* title : {"river 3", "RIVER 3", "Ärger 1", "", "Zoë 7"}) {
-        CRingToneNode owned;
-        owned.strTitle = QString::fromUtf8(title);
-        model.addRingTone(owned);
-    }
+    // The base class over a song list of its own, and the proxy over another
+    // with the same rows: the proxy's sorts its rows itself.
+    auto fill = [&](CRingToneModel& model) {
+        model.load(LT_LIBRARY, 0);
+        int n = 0;
+        for (const char* title : {"river 3", "RIVER 3", "Ärger 1", "", "Zoë 7"}) {
+            CRingToneNode owned;
+            owned.strTitle = QString::fromUtf8(title);
+            owned.strPath = QString("/owned/%1.mp3").arg(n++);
+            model.addRingTone(owned);
+        }
+    };
+    CRingToneModel baseSongs;
+    fill(baseSongs);
+    CRingToneModel songs;
+    fill(songs);
+    QCOMPARE(songs.rowCount(), tracks + 5);
 
-    auto setUp = [&](QSortFilterProxyModel& proxy) {
+    auto setUp = [&](QSortFilterProxyModel& proxy, CRingToneModel& model) {
         proxy.setSortCaseSensitivity(Qt::CaseSensitivity(caseSensitivity));
         proxy.setSortLocaleAware(localeAware);
         proxy.setSourceModel(&model);
         proxy.sort(0, Qt::SortOrder(order));
     };
     QSortFilterProxyModel base;
-    setUp(base);
+    setUp(base, baseSongs);
     CRingToneSortProxyModel proxy;
     QAbstractItemModelTester tester(&proxy, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    setUp(proxy);
+    setUp(proxy, songs);
     QCOMPARE(proxy.rowCount(), tracks + 5);
-    QCOMPARE(sourceRows(proxy), sourceRows(base));
+    // Row by row the same record: its title (case included) and its file.
+    for (int row = 0; row < proxy.rowCount(); ++row) {
+        const CRingToneNode expected =
+            baseSongs.nodeFromIndex(base.mapToSource(base.index(row, 0)));
+        const CRingToneNode actual = songs.nodeFromIndex(proxy.mapToSource(proxy.index(row, 0)));
+        if (actual.strTitle != expected.strTitle || actual.strPath != expected.strPath)
+            QFAIL(qPrintable(
+                QString("row %1: \"%2\" (%3), \"%4\" (%5) expected")
+                    .arg(row)
+                    .arg(actual.strTitle, actual.strPath, expected.strTitle, expected.strPath)));
+    }
+}
+
+void TestRingToneSortProxyModel::shouldHandTheSortBackWhenAskedOtherwise()
+{
+    CRingToneModel model;
+    model.load(LT_LIBRARY, 0);
+    const QStringList unsorted{"Yesterday", "Something", "Beat It", "Here Comes the Sun",
+                               "No Artist"};
+    const QStringList ascending{"Beat It", "Here Comes the Sun", "No Artist", "Something",
+                                "Yesterday"};
+    CRingToneSortProxyModel proxy;
+    QAbstractItemModelTester tester(&proxy, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    proxy.setSourceModel(&model);
+    QCOMPARE(titles(proxy), unsorted);
+    proxy.sort(0);
+    QCOMPARE(titles(proxy), ascending);
+    // The song list keeps the order; the base class keeps the source's.
+    QCOMPARE(model.title(0), QString("Beat It"));
+    QCOMPARE(proxy.sortColumn(), -1);
+
+    // Sorting by another role is the base class's, over the song list's own
+    // order: the tooltip is the title too.
+    proxy.setSortRole(Qt::ToolTipRole);
+    QCOMPARE(model.title(0), QString("Yesterday"));
+    QCOMPARE(proxy.sortColumn(), 0);
+    QCOMPARE(titles(proxy), ascending);
+    proxy.setSortRole(Qt::DisplayRole);
+    QCOMPARE(model.title(0), QString("Beat It"));
+    QCOMPARE(titles(proxy), ascending);
+
+    // No sort: the playlist's order again.
+    proxy.sort(-1);
+    QCOMPARE(titles(proxy), unsorted);
+    proxy.sort(0, Qt::DescendingOrder);
+    QCOMPARE(titles(proxy).first(), QString("Yesterday"));
+
+    // A song list left behind goes back to its own order.
+    CRingToneModel other;
+    other.load(LT_PLAYLISTS, 0);
+    proxy.setSourceModel(&other);
+    QCOMPARE(model.title(0), QString("Yesterday"));
+    QCOMPARE(titles(proxy), QStringList({"Yesterday", "Beat It"}));
 }
 
 void TestRingToneSortProxyModel::shouldShowALargePlaylistSortedFromTitlesReadOnce()
@@ -250,39 +308,42 @@ void TestRingToneSortProxyModel::shouldShowALargePlaylistSortedFromTitlesReadOnc
     fx::useXmlLibrary(xml);
     QCOMPARE(ItunesAgentLoad(), int(ITA_BACKEND_XML));
 
-    // The click on "Music": the rows come sorted, and the agent was asked
-    // for each title once (two passes), not once a comparison.
+    // The click on "Music": the rows come sorted, and the agent was asked for
+    // the titles in slices (a size and a copy call each), for no song's
+    // record.
     CRingToneModel model;
     CRingToneSortProxyModel proxy;
     sortAsTheWindowDoes(proxy, model);
     const unsigned long songInfoBefore = ItunesAgentCallCount("GetSongInfo");
+    const unsigned long titlesBefore = ItunesAgentCallCount("GetSongTitles");
     model.load(LT_LIBRARY, 0);
-    QCOMPARE(ItunesAgentCallCount("GetSongInfo") - songInfoBefore, 2ul * tracks);
+    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), songInfoBefore);
+    const unsigned long titleCalls = ItunesAgentCallCount("GetSongTitles") - titlesBefore;
+    QVERIFY2(titleCalls > 0 && titleCalls <= 2ul * (tracks / 65536 + 1),
+             qPrintable(QString::number(titleCalls)));
     QCOMPARE(proxy.rowCount(), tracks);
 
-    // The first row is the smallest title.
+    // The same order as a stable sort of the playlist by QString's
+    // comparison without regard to case: titles equal but for case in
+    // playlist order. Compared title by title, case included.
+    std::vector<QString> expected;
+    expected.reserve(tracks);
+    for (int track = 1; track <= tracks; ++track)
+        expected.push_back(lib::musicTitle(track, tracks));
+    std::stable_sort(expected.begin(), expected.end(), [](const QString& a, const QString& b) {
+        return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+    });
     QCOMPARE(proxy.data(proxy.index(0, 0)).toString(), QString("blue 0"));
-
-    // Every row, as the agent shows it, follows the one before: a larger
-    // title, or an equal one (but for case) further down the playlist. So the
-    // order is the titles' without regard to case, ties in playlist order.
-    QString previous = proxy.data(proxy.index(0, 0)).toString();
-    int previousRow = proxy.mapToSource(proxy.index(0, 0)).row();
-    for (int row = 1; row < tracks; ++row) {
-        const QModelIndex index = proxy.index(row, 0);
-        const QString title = proxy.data(index).toString();
-        const int sourceRow = proxy.mapToSource(index).row();
-        const int order = QString::compare(previous, title, Qt::CaseInsensitive);
-        if (order > 0 || (order == 0 && previousRow >= sourceRow))
-            QFAIL(qPrintable(QString("row %1 \"%2\" (song %3) after \"%4\" (song %5)")
+    for (int row = 0; row < tracks; ++row) {
+        const QString title = model.title(proxy.mapToSource(proxy.index(row, 0)).row());
+        if (title != expected[static_cast<size_t>(row)])
+            QFAIL(qPrintable(QString("row %1: \"%2\", \"%3\" expected")
                                  .arg(row)
-                                 .arg(title)
-                                 .arg(sourceRow)
-                                 .arg(previous)
-                                 .arg(previousRow)));
-        previous = title;
-        previousRow = sourceRow;
+                                 .arg(title, expected[static_cast<size_t>(row)])));
     }
+    // And what the agent shows for a few rows is that title.
+    for (const int row : {0, 1, tracks / 2, tracks - 1})
+        QCOMPARE(proxy.data(proxy.index(row, 0)).toString(), expected[static_cast<size_t>(row)]);
 }
 
 TW_TEST_MAIN(TestRingToneSortProxyModel)

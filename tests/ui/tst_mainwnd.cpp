@@ -28,6 +28,8 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include <algorithm>
+
 class TestMainWnd : public QObject
 {
     Q_OBJECT
@@ -73,7 +75,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(m_wnd.get()));
     }
 
-    void cleanup() { m_wnd.reset(); }
+    void cleanup()
+    {
+        m_wnd.reset();
+        // A test that served a library of its own leaves the usual one.
+        fx::useXmlLibrary(m_library.xml);
+    }
 
     void shouldStartOnTheWelcomeAndTreePages()
     {
@@ -136,6 +143,39 @@ private slots:
         // Sorted by title, case-insensitively.
         QCOMPARE(mw::rows(list()), QStringList({"Beat It", "Here Comes the Sun", "No Artist",
                                                 "Something", "Yesterday"}));
+    }
+
+    void shouldShowALongPlaylistFromItsFirstRowToItsLast()
+    {
+        // Enough songs for the list's layout to matter.
+        const int tracks = 25000;
+        const QString xml = m_dir.filePath("long.xml");
+        QVERIFY(fx::writeFile(xml, lib::musicLibraryXml(tracks)));
+        m_wnd.reset();
+        fx::useXmlLibrary(xml);
+        m_wnd = std::make_unique<CMainWnd>();
+        m_wnd->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_wnd.get()));
+        QVERIFY(mw::clickRow(tree(), "Music"));
+        QListView* songs = list();
+        QCOMPARE(songs->model()->rowCount(), tracks);
+        // Sorted as QString compares without regard to case, equal titles in
+        // playlist order.
+        QStringList sorted;
+        for (int track = 1; track <= tracks; ++track)
+            sorted << lib::musicTitle(track, tracks);
+        std::stable_sort(sorted.begin(), sorted.end(), [](const QString& a, const QString& b) {
+            return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+        });
+        // The first paint shows the smallest title on top.
+        songs->grab();
+        QCOMPARE(songs->indexAt(QPoint(5, 5)).data().toString(), sorted.first());
+        // The last row can be scrolled to and shows the largest title.
+        const QModelIndex last = songs->model()->index(tracks - 1, 0);
+        songs->scrollToBottom();
+        QVERIFY(songs->viewport()->rect().intersects(songs->visualRect(last)));
+        QCOMPARE(last.data().toString(), sorted.last());
+        QCOMPARE(songs->indexAt(songs->visualRect(last).center()), last);
     }
 
     void shouldGoBackAndForwardBetweenTreeAndList()

@@ -133,6 +133,12 @@ int GetPlaylistKind(const void* hPlaylist);
 // set on both passes. ITA_E_HANDLE or ITA_E_ARGUMENT leave the record as it
 // was.
 int GetSongInfo(const void* hPlaylist, int nSong, tagSongInfo* pInfo);
+// The titles of songs nFirst .. nFirst + nCount - 1 in one call, one after
+// another, each as GetSongInfo gives it (up to its first NUL) followed by a
+// terminator. With pBuffer null: the bytes needed. Otherwise copies the
+// titles that fit whole into nSize bytes and returns the bytes written.
+// ITA_E_HANDLE; ITA_E_ARGUMENT for songs out of range or more than 2 GB.
+int GetSongTitles(const void* hPlaylist, int nFirst, int nCount, char* pBuffer, int nSize);
 
 // Artwork -----------------------------------------------------------------
 

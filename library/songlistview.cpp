@@ -1,0 +1,9 @@
+#include "library/songlistview.h"
+
+#include <QListView>
+
+void setUpSongListView(QListView* view)
+{
+    view->setResizeMode(QListView::Fixed);
+    view->setUniformItemSizes(true);
+}
