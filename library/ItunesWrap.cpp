@@ -53,8 +53,11 @@ QString songText(const char* buffer, int32_t size)
     return QString::fromLocal8Bit(buffer, static_cast<qsizetype>(qstrnlen(buffer, size)));
 }
 
-// Songs whose titles are asked for in one agent call.
+// Songs whose titles are asked for in one agent call, and the bytes set
+// aside for each at first.
 constexpr int kTitleSlice = 65536;
+constexpr qsizetype kTitleRoom = 48;
+constexpr qsizetype kTitleBytesAtOnce = qsizetype{1} << 26;
 
 // One song in two passes: sizes first, then the texts into buffers of
 // exactly those sizes.
@@ -182,18 +185,29 @@ QByteArray CItunesWraper::getSongTitles(tagLibraryType type, int playlist)
     if (!handle)
         return titles;
     const int count = GetSongCount(handle);
-    // In slices, so that no one answer comes near the agent's 2 GB.
-    for (int first = 0; first < count; first += kTitleSlice) {
+    // Into room for the usual title length, in slices that keep each answer
+    // far below the agent's 2 GB; a title that does not fit gets its size
+    // asked for. Mostly one agent call a slice.
+    qsizetype room = kTitleRoom;
+    for (int first = 0; first < count;) {
         const int songs = std::min(kTitleSlice, count - first);
-        const int size = GetSongTitles(handle, first, songs, nullptr, 0);
-        if (size <= 0)
-            break;
         const qsizetype at = titles.size();
+        const qsizetype size =
+            std::max(std::clamp(room * songs, qsizetype{1} << 12, kTitleBytesAtOnce), room);
         titles.resize(at + size);
-        const int written = GetSongTitles(handle, first, songs, titles.data() + at, size);
+        const int written =
+            GetSongTitles(handle, first, songs, titles.data() + at, static_cast<int>(size));
         titles.resize(at + std::max(written, 0));
-        if (written != size)
+        if (written < 0)
             break;
+        const auto copied = static_cast<int>(std::count(titles.cbegin() + at, titles.cend(), '\0'));
+        if (copied == 0) {
+            const int needed = GetSongTitles(handle, first, 1, nullptr, 0);
+            if (needed <= 0)
+                break;
+            room = std::max<qsizetype>(room, needed);
+        }
+        first += copied;
     }
     ClosePlaylist(handle);
     return titles;

@@ -60,6 +60,29 @@ void goDeeper(Item& item, const std::vector<std::string_view>& keys, size_t dept
     item.next = item.length > depth + 16 ? chunkAt(keys[item.index], depth + 16) : 0;
 }
 
+// The whole order of two items that agree up to `depth`: mostly told by
+// the sixteen bytes they carry, by their lengths when one ends within
+// those, else by the rest of their keys; equal keys by index.
+bool lessFrom(const Item& a, const Item& b, size_t depth, const std::vector<std::string_view>& keys)
+{
+    if (a.chunk != b.chunk)
+        return a.chunk < b.chunk;
+    if (a.next != b.next)
+        return a.next < b.next;
+    const size_t left = a.length - depth;
+    const size_t right = b.length - depth;
+    if (left > 16 && right > 16) {
+        const int rest = keys[a.index].substr(depth + 16).compare(keys[b.index].substr(depth + 16));
+        if (rest != 0)
+            return rest < 0;
+    } else if (left != right) {
+        // Equal bytes so far, zeros past an end: the shorter key begins the
+        // longer one.
+        return left < right;
+    }
+    return a.index < b.index;
+}
+
 // Sorts by chunk; equal chunks keep their order.
 void sortRun(Item* first, Item* last, Item* scratch)
 {
@@ -121,15 +144,20 @@ void sortAll(Item* first, Item* last, const std::vector<std::string_view>& keys)
         const Run whole = runs.back();
         runs.pop_back();
         sortRun(whole.first, whole.last, scratch.get());
-        // Within a run of equal chunks, the keys that end there come first,
-        // shorter before longer; those that go on are sorted by their next
-        // bytes.
+        // Within a run of equal chunks, a short run is sorted at once by
+        // what the items carry; in a long one, the keys that end there come
+        // first, shorter before longer, and those that go on are sorted by
+        // their next bytes.
         const size_t depth = whole.depth;
         for (Item* run = whole.first; run != whole.last;) {
             Item* end = run + 1;
             while (end != whole.last && end->chunk == run->chunk)
                 ++end;
-            if (end - run > 1) {
+            if (end - run > 1 && end - run < kRadixFrom) {
+                std::sort(run, end, [&keys, depth](const Item& a, const Item& b) {
+                    return lessFrom(a, b, depth, keys);
+                });
+            } else if (end - run > 1) {
                 const auto byTail = [depth](const Item& a, const Item& b) {
                     const uint32_t left = tailAt(a, depth);
                     const uint32_t right = tailAt(b, depth);

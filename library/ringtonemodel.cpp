@@ -55,7 +55,7 @@ QVariant CRingToneModel::data(const QModelIndex& index, int role) const
         return QVariant();
     // Answered before any record is built, also for rows past the end.
     if (role == Qt::SizeHintRole)
-        return QSize(50, 20);
+        return QSize(kSongRowWidth, kSongRowHeight);
     // Only these roles need the record; every agent row costs a query.
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::DecorationRole)
         return QVariant();

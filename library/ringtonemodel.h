@@ -26,6 +26,10 @@
 #include <string_view>
 #include <vector>
 
+// The size every row asks for (Qt::SizeHintRole).
+inline constexpr int kSongRowWidth = 50;
+inline constexpr int kSongRowHeight = 20;
+
 class CRingToneModel : public QAbstractTableModel, public ISongSink
 {
     Q_OBJECT

@@ -29,6 +29,7 @@ private slots:
     void shouldLeaveTheArtistAsItWasWhenTheAgentHasNone();
     void shouldLeaveTheRecordAloneWithoutAPlaylist();
     void shouldReadEveryTitleOfAPlaylistThroughOneHandle();
+    void shouldReadTitlesLongerThanTheRoomSetAside();
     void shouldGiveNoPathForALocationWithANulByte();
     void shouldLoadTheAlbumPictureAndLeaveItsHandlesOpen();
     void shouldGiveANullPictureAndCloseWhatItOpened();
@@ -191,10 +192,10 @@ void TestItunesWrap::shouldReadEveryTitleOfAPlaylistThroughOneHandle()
     const QByteArray titles = wrapper->getSongTitles(LT_LIBRARY, 0);
     const char expected[] = "Yesterday\0Something\0Beat It\0Here Comes the Sun\0No Artist\0";
     QCOMPARE(titles, QByteArray(expected, sizeof expected - 1));
-    // One playlist opened and closed, one size and one copy, no song read.
+    // One playlist opened and closed, one call for the titles, no song read.
     QCOMPARE(ItunesAgentCallCount("OpenPlaylist"), 1ul);
     QCOMPARE(ItunesAgentCallCount("ClosePlaylist"), 1ul);
-    QCOMPARE(ItunesAgentCallCount("GetSongTitles"), 2ul);
+    QCOMPARE(ItunesAgentCallCount("GetSongTitles"), 1ul);
     QCOMPARE(ItunesAgentCallCount("GetSongInfo"), 0ul);
     // The same titles as the songs' records.
     const QList<QByteArray> each = titles.split('\0');
@@ -214,6 +215,33 @@ void TestItunesWrap::shouldReadEveryTitleOfAPlaylistThroughOneHandle()
     QVERIFY(wrapper->getSongTitles(LT_ROOT, 0).isEmpty());
     QCOMPARE(ItunesAgentCallCount(nullptr), calls);
     QVERIFY(wrapper->getSongTitles(LT_LIBRARY, 99).isEmpty());
+}
+
+void TestItunesWrap::shouldReadTitlesLongerThanTheRoomSetAside()
+{
+    // Titles far longer than usual, between short ones: each is read whole.
+    const QString longTitle = QString("very long title ").repeated(800);
+    const QString longer = QString::fromUtf8("Jóga ").repeated(4000);
+    QList<fx::XmlTrack> tracks;
+    tracks << lib::track(1, "Short", "A", "B", m_library.coveredSong)
+           << lib::track(2, longTitle, "A", "B", m_library.coveredSong)
+           << lib::track(3, "Also short", "A", "B", m_library.coveredSong)
+           << lib::track(4, longer, "A", "B", m_library.coveredSong);
+    QList<fx::XmlPlaylist> lists;
+    lists << lib::playlist("Music", 4, {1, 2, 3, 4});
+    const QString path = m_dir.filePath("long titles.xml");
+    QVERIFY(fx::writeFile(path, fx::libraryXml(QString(), tracks, lists)));
+    fx::useXmlLibrary(path);
+
+    const QByteArray titles = CItunesWraper::instance()->getSongTitles(LT_LIBRARY, 0);
+    const QByteArray expected = QByteArray("Short") + '\0' + longTitle.toUtf8() + '\0' +
+                                "Also short" + '\0' + longer.toUtf8() + '\0';
+    QCOMPARE(titles.size(), expected.size());
+    QCOMPARE(titles, expected);
+    // A copy that takes "Short" and stops before the long title, a copy
+    // that takes nothing, that title's size, and a copy of the rest into
+    // the room grown to it.
+    QCOMPARE(ItunesAgentCallCount("GetSongTitles"), 4ul);
 }
 
 void TestItunesWrap::shouldGiveNoPathForALocationWithANulByte()
