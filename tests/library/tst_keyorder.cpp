@@ -42,6 +42,7 @@ private slots:
     void shouldOrderAsAStableSortDoes();
     void shouldPutAKeyBeforeTheLongerKeysItBegins();
     void shouldSortKeysThatShareALongBeginning();
+    void shouldSortAFewKeysThatShareMoreThanSixteenBytes();
     void shouldGiveNothingForNoKeys();
 };
 
@@ -115,6 +116,26 @@ void TestKeyOrder::shouldSortKeysThatShareALongBeginning()
     const std::vector<uint32_t> order = orderOfKeys(views);
     QCOMPARE(order, stableOrder(views));
     QCOMPARE(order.front(), 1000u);
+}
+
+void TestKeyOrder::shouldSortAFewKeysThatShareMoreThanSixteenBytes()
+{
+    // Fewer keys than the radix passes start at: told apart by comparison,
+    // past the bytes each item carries, and by length.
+    std::mt19937 random(7);
+    const std::string common = "twenty bytes in comm";
+    std::vector<std::string> keys;
+    for (int i = 0; i < 300; ++i) {
+        std::string key = common;
+        const int length = static_cast<int>(random() % 6);
+        for (int n = 0; n < length; ++n)
+            key.push_back(static_cast<char>("\0ab"[random() % 3]));
+        keys.push_back(key);
+    }
+    keys.push_back(common.substr(0, 16));
+    keys.push_back(common.substr(0, 17));
+    const std::vector<std::string_view> views = viewsOf(keys);
+    QCOMPARE(orderOfKeys(views), stableOrder(views));
 }
 
 void TestKeyOrder::shouldGiveNothingForNoKeys()
