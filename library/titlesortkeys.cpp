@@ -7,44 +7,8 @@
 
 namespace {
 
-// Any value up to U+10FFFF, surrogates included: the byte order of the
-// results is the values' order.
-void appendUtf8(std::string& out, char32_t c)
-{
-    if (c < 0x80) {
-        out.push_back(static_cast<char>(c));
-    } else if (c < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (c >> 6)));
-        out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
-    } else if (c < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | (c >> 12)));
-        out.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
-    } else {
-        out.push_back(static_cast<char>(0xF0 | (c >> 18)));
-        out.push_back(static_cast<char>(0x80 | ((c >> 12) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
-    }
-}
-
-void appendKey(const QString& title, std::string& out)
-{
-    char16_t last = 0;
-    for (const QChar c : title) {
-        const char16_t u = c.unicode();
-        char32_t folded;
-        if (u < 0x80)
-            folded = u >= 'A' && u <= 'Z' ? u + ('a' - 'A') : u;
-        else if (QChar::isLowSurrogate(u) && QChar::isHighSurrogate(last))
-            folded = QChar::toCaseFolded(QChar::surrogateToUcs4(last, u));
-        else
-            folded = QChar::toCaseFolded(char32_t(u)); // a lone surrogate stays itself
-        last = u;
-        appendUtf8(out, folded);
-    }
-}
-
+// Any value up to U+10FFFF, surrogates included, in UTF-8's form: the byte
+// order of the results is the values' order.
 char* putUtf8(char* out, char32_t c)
 {
     if (c < 0x80) {
@@ -61,6 +25,25 @@ char* putUtf8(char* out, char32_t c)
         *out++ = static_cast<char>(0x80 | ((c >> 12) & 0x3F));
         *out++ = static_cast<char>(0x80 | ((c >> 6) & 0x3F));
         *out++ = static_cast<char>(0x80 | (c & 0x3F));
+    }
+    return out;
+}
+
+// The key of any title into `out`, which has room for four bytes a unit.
+char* putKey(const QString& title, char* out)
+{
+    char16_t last = 0;
+    for (const QChar c : title) {
+        const char16_t u = c.unicode();
+        char32_t folded;
+        if (u < 0x80)
+            folded = u >= 'A' && u <= 'Z' ? u + ('a' - 'A') : u;
+        else if (QChar::isLowSurrogate(u) && QChar::isHighSurrogate(last))
+            folded = QChar::toCaseFolded(QChar::surrogateToUcs4(last, u));
+        else
+            folded = QChar::toCaseFolded(char32_t(u)); // a lone surrogate stays itself
+        last = u;
+        out = putUtf8(out, folded);
     }
     return out;
 }
@@ -124,8 +107,8 @@ QString decode(const char* text, size_t length)
 
 std::string CTitleSortKeys::keyOf(const QString& title)
 {
-    std::string key;
-    appendKey(title, key);
+    std::string key(4 * static_cast<size_t>(title.size()), '\0');
+    key.resize(static_cast<size_t>(putKey(title, key.data()) - key.data()));
     return key;
 }
 
@@ -152,10 +135,10 @@ void CTitleSortKeys::assignUtf8(const QByteArray& titles)
         m_titleStart.push_back(static_cast<uint32_t>(at));
         const auto* bytes = reinterpret_cast<const unsigned char*>(data + at);
         char* keyEnd = putKeyOfUtf8(bytes, bytes + (end - at), out);
-        if (!keyEnd) {
-            const std::string key = CTitleSortKeys::keyOf(decode(data + at, end - at));
-            keyEnd = std::copy(key.begin(), key.end(), out);
-        }
+        // Room enough: a byte decodes to one unit at most, whose key takes
+        // three bytes; a pair takes seven for four bytes.
+        if (!keyEnd)
+            keyEnd = putKey(decode(data + at, end - at), out);
         out = keyEnd;
         m_keyStart.push_back(static_cast<uint32_t>(out - m_keys.data()));
         at = end + 1;
