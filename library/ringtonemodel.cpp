@@ -98,8 +98,7 @@ bool CRingToneModel::addRingTone(const CRingToneNode& node)
         // After the rows of smaller titles, and after the earlier owned
         // records of an equal one but before the songs.
         auto comesFirst = [&](int entry) {
-            const int order = direction(sortsByKey() ? keyOf(entry).compare(key)
-                                                     : compareText(titleOf(entry), copy->strTitle));
+            const int order = compareWith(entry, key, copy->strTitle);
             return order < 0 || (order == 0 && entry < 0);
         };
         row = static_cast<int>(std::partition_point(m_order.begin(), m_order.end(), comesFirst) -
@@ -195,27 +194,17 @@ bool CRingToneModel::sortsByKey() const
     return m_titleOrder.cs == Qt::CaseInsensitive && !m_titleOrder.localeAware;
 }
 
-int CRingToneModel::compareText(const QString& a, const QString& b) const
+int CRingToneModel::compareWith(int entry, std::string_view key, const QString& title) const
 {
-    if (m_titleOrder.localeAware)
-        return a.localeAwareCompare(b);
-    return QString::compare(a, b, m_titleOrder.cs);
-}
-
-int CRingToneModel::direction(int order) const
-{
+    int order;
+    if (sortsByKey())
+        order = keyOf(entry).compare(key);
+    else if (m_titleOrder.localeAware)
+        order = titleOf(entry).localeAwareCompare(title);
+    else
+        order = QString::compare(titleOf(entry), title, m_titleOrder.cs);
     order = (order > 0) - (order < 0);
     return m_titleOrder.order == Qt::DescendingOrder ? -order : order;
-}
-
-int CRingToneModel::compareEntries(int a, int b) const
-{
-    const int order =
-        direction(sortsByKey() ? keyOf(a).compare(keyOf(b)) : compareText(titleOf(a), titleOf(b)));
-    if (order != 0)
-        return order;
-    // Equal titles stay in the unsorted order, either way.
-    return unsortedRow(a) - unsortedRow(b);
 }
 
 std::vector<int> CRingToneModel::sortedEntries() const
@@ -228,8 +217,11 @@ std::vector<int> CRingToneModel::sortedEntries() const
     for (int song = 0; song < m_songCount; ++song)
         entries.push_back(song);
     if (!sortsByKey()) {
-        std::sort(entries.begin(), entries.end(),
-                  [this](int a, int b) { return compareEntries(a, b) < 0; });
+        // Equal titles stay in the unsorted order, either way.
+        std::sort(entries.begin(), entries.end(), [this](int a, int b) {
+            const int order = compareWith(a, std::string_view(), titleOf(b));
+            return order != 0 ? order < 0 : unsortedRow(a) < unsortedRow(b);
+        });
         return entries;
     }
     std::vector<std::string_view> keys;

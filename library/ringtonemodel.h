@@ -86,12 +86,10 @@ private:
     int unsortedRow(int entry) const;
     QString titleOf(int entry) const;
     std::string_view keyOf(int entry) const;
-    // Two titles compared as the sort compares them when not by key.
-    int compareText(const QString& a, const QString& b) const;
-    // -1, 0 or 1 for a comparison of titles, turned round when descending.
-    int direction(int order) const;
-    // Negative when entry a comes before entry b in the sorted order.
-    int compareEntries(int a, int b) const;
+    // -1, 0 or 1 as an entry's title sorts against another title: by the
+    // other's key when sorting without regard to case and not by locale,
+    // else by the title itself; turned round when descending.
+    int compareWith(int entry, std::string_view key, const QString& title) const;
     // Every entry, in the sorted order.
     std::vector<int> sortedEntries() const;
     // Keys compare as the titles do: without regard to case, not by locale.

@@ -159,6 +159,22 @@ void sortAsTheWindowDoes(QSortFilterProxyModel& proxy, QAbstractItemModel& model
     proxy.setSortCaseSensitivity(Qt::CaseInsensitive);
 }
 
+// The agent calls a load made: for song records and for titles.
+struct LoadCalls
+{
+    unsigned long songInfo;
+    unsigned long titles;
+};
+
+LoadCalls loadLibrary(CRingToneModel& model)
+{
+    const unsigned long songInfo = ItunesAgentCallCount("GetSongInfo");
+    const unsigned long titles = ItunesAgentCallCount("GetSongTitles");
+    model.load(LT_LIBRARY, 0);
+    return {ItunesAgentCallCount("GetSongInfo") - songInfo,
+            ItunesAgentCallCount("GetSongTitles") - titles};
+}
+
 } // namespace
 
 void TestRingToneSortProxyModel::shouldSortWithoutAskingTheAgent()
@@ -170,11 +186,9 @@ void TestRingToneSortProxyModel::shouldSortWithoutAskingTheAgent()
 
     // The rows come sorted; the titles were read in one call, and no song's
     // record was asked for.
-    const unsigned long songInfoBefore = ItunesAgentCallCount("GetSongInfo");
-    const unsigned long titlesBefore = ItunesAgentCallCount("GetSongTitles");
-    model.load(LT_LIBRARY, 0);
-    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), songInfoBefore);
-    QCOMPARE(ItunesAgentCallCount("GetSongTitles") - titlesBefore, 1ul);
+    const LoadCalls calls = loadLibrary(model);
+    QCOMPARE(calls.songInfo, 0ul);
+    QCOMPARE(calls.titles, 1ul);
     const QStringList ascending{"Beat It", "Here Comes the Sun", "No Artist", "Something",
                                 "Yesterday"};
     QCOMPARE(titles(proxy), ascending);
@@ -314,13 +328,10 @@ void TestRingToneSortProxyModel::shouldShowALargePlaylistSortedFromTitlesReadOnc
     CRingToneModel model;
     CRingToneSortProxyModel proxy;
     sortAsTheWindowDoes(proxy, model);
-    const unsigned long songInfoBefore = ItunesAgentCallCount("GetSongInfo");
-    const unsigned long titlesBefore = ItunesAgentCallCount("GetSongTitles");
-    model.load(LT_LIBRARY, 0);
-    QCOMPARE(ItunesAgentCallCount("GetSongInfo"), songInfoBefore);
-    const unsigned long titleCalls = ItunesAgentCallCount("GetSongTitles") - titlesBefore;
-    QVERIFY2(titleCalls > 0 && titleCalls <= 2ul * (tracks / 65536 + 1),
-             qPrintable(QString::number(titleCalls)));
+    const LoadCalls calls = loadLibrary(model);
+    QCOMPARE(calls.songInfo, 0ul);
+    QVERIFY2(calls.titles > 0 && calls.titles <= 2ul * (tracks / 65536 + 1),
+             qPrintable(QString::number(calls.titles)));
     QCOMPARE(proxy.rowCount(), tracks);
 
     // The same order as a stable sort of the playlist by QString's
